@@ -1,0 +1,59 @@
+#include "app/Recovery.h"
+
+#include "app/MainWindow.h"
+#include "app/WorkspaceFile.h"
+#include "app/workspace/Workspace.h"
+#include "window/AutoHide.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+
+namespace pd {
+
+void CheckRecoveryAtStart(Workspace& ws) {
+    const QString rec = ws.dataFile(QString::fromLatin1(kRecoveryFile));
+    if (!QFileInfo(rec).isFile()) return;
+    const QString text = QStringLiteral("RECOVERY: Perchdock was not closed properly. Load the newer backed-up recovery "
+                                        "file?\r\n\r\nThe file name is Perchdock.REC");
+    const int answer =
+        ws.platform.messageBox(text, MsgStyle::YesNoWarning, QStringLiteral("Perchdock - Recover Last Session"));
+    if (answer == MsgAnswer::Yes) {
+        const QString ini = ws.dataFile(QString::fromLatin1(kWorkspaceFile));
+        // rename() does not replace; the old clean file goes first.
+        QFile::remove(ini);
+        QFile::rename(rec, ini);
+    }
+    QFile::remove(rec);
+}
+
+void mnuSave_Click(Workspace& ws) {
+    EnableDisableTimerHide(ws, false);
+    SaveDesktop(ws, false, false);
+    ws.platform.messageBox(QStringLiteral("Workspace Saved"), MsgStyle::InformationBox);
+    EnableDisableTimerHide(ws, true);
+}
+
+void mnuReload_Click(Workspace& ws) {
+    const QString helper = ws.programFile(QString::fromLatin1(kReloaderName));
+    if (!QFileInfo(helper).isFile()) {
+        ws.platform.messageBox(QStringLiteral("Can't find: ") + helper + QStringLiteral(". Please reinstall the program."),
+                               MsgStyle::ExclamationBox);
+        return;
+    }
+    EnableDisableTimerHide(ws, false);
+    if (ws.platform.messageBox(QStringLiteral("Ignore all recent changes and restart the program?"),
+                               MsgStyle::YesNoWarning) != MsgAnswer::Yes) {
+        EnableDisableTimerHide(ws, true);
+        return;
+    }
+    QFile::remove(ws.dataFile(QString::fromLatin1(kRecoveryFile)));
+    // The helper waits for this process to end before it starts the program again, so that the
+    // single-instance test does not stop the new one.
+    ws.platform.startDetached(helper, {QString::number(QCoreApplication::applicationPid()),
+                                       ws.platform.programExecutable()});
+    ws.NoSave = true;
+    UnloadMainWindow(ws);
+}
+
+} // namespace pd

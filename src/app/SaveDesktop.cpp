@@ -1,0 +1,115 @@
+// Writing the workspace file and its recovery twin.
+
+#include "app/ObjectRecords.h"
+#include "app/WorkspaceFile.h"
+#include "app/WorkspaceSettings.h"
+#include "app/files/TextFile.h"
+#include "app/files/Values.h"
+#include "app/workspace/Workspace.h"
+#include "containers/ContainerFiles.h"
+
+#include <QDir>
+#include <QFile>
+
+namespace pd {
+
+namespace {
+
+void WriteWorkspace(Workspace& ws, TextWriter& out, SaveState& st) {
+    out.line(QString::fromLatin1(kFileVersion));
+    for (const SettingRow& row : SettingRows()) out.pair(QString::fromLatin1(row.key), row.write(ws, st));
+
+    // Recent feed searches: member 0 only when it holds a search, the others while the family has them.
+    const QString none = QStringLiteral("[No Recent Search]");
+    const QString first = ws.menus("mnuRSSSearchItem", 0).Caption();
+    if (first != none) out.pair(QStringLiteral("[RSS Search0]"), first);
+    const int members = ws.menus.familyCount(QStringLiteral("mnuRSSSearchItem"));
+    for (int n = 1; n <= 9; ++n) {
+        if (members <= n) break;
+        const QString caption =
+            ws.menus.has(QStringLiteral("mnuRSSSearchItem"), n) ? ws.menus("mnuRSSSearchItem", n).Caption() : QString();
+        out.pair(QStringLiteral("[RSS Search") + QString::number(n) + QLatin1Char(']'), caption);
+    }
+
+    // Pictures, then reminders, then shortcuts that lie on the background.
+    for (int pass = 0; pass < 2; ++pass) {
+        const bool reminders = pass == 1;
+        for (int j = 0; j < ws.picPlaceholder.Count(); ++j) {
+            if (!ws.picPlaceholder.exists(j) || j >= static_cast<int>(ws.DeskObjects.size())) continue;
+            if (ws.DeskObjects[j].IsReminder != reminders) continue;
+            const Element& frame = ws.picPlaceholder(j);
+            const Element& face = ws.picTemp(j);
+            if (!frame.Visible && !face.Visible) continue;
+            if (!OnBackground(frame) || !OnBackground(face)) continue;
+            if (reminders) WriteReminderRecord(ws, out, j);
+            else WritePictureRecord(ws, out, j);
+        }
+    }
+    for (int k = 0; k < ws.Link.Count(); ++k) {
+        if (!ws.Link.exists(k) || k >= static_cast<int>(ws.Links.size())) continue;
+        if (ws.Links[k].LinkPath.isEmpty() || !OnBackground(ws.Link(k))) continue;
+        WriteLinkRecord(ws, out, k);
+    }
+}
+
+} // namespace
+
+QByteArray WorkspaceFileBytes(Workspace& ws, bool ForExit) {
+    SaveState st;
+    st.forExit = ForExit;
+    TextWriter out;
+    WriteWorkspace(ws, out, st);
+    return out.bytes();
+}
+
+void SaveDesktop(Workspace& ws, bool ToRecovery, bool ForExit) {
+    if (ws.IsLoading || ws.NoSave) return;
+
+    SaveState st;
+    st.forExit = ForExit;
+    Element& win = ws.frmMain(0);
+    if (ForExit && !win.Visible) {
+        // Showing the window makes its size and place valid to read.
+        win.Visible = true;
+        st.wasHidden = true;
+    }
+    if (!ws.UsesProgramDirectory && !ws.DataPath.isEmpty() && !QDir(ws.DataPath).exists())
+        QDir().mkpath(ws.DataPath);
+
+    QString name;
+    if (ToRecovery) {
+        name = ws.dataFile(QString::fromLatin1(kRecoveryFile));
+    } else {
+        name = ws.dataFile(QString::fromLatin1(kWorkspaceFile));
+    }
+
+    TextWriter out;
+    WriteWorkspace(ws, out, st);
+    // The clean file is in place before the recovery file goes, so that a crash between the two steps
+    // leaves a file that loads.
+    const bool written = out.commit(name);
+    if (!ToRecovery && written) QFile::remove(ws.dataFile(QString::fromLatin1(kRecoveryFile)));
+
+    const QString favicon = ws.dataFile(QStringLiteral("favicon.ico"));
+    if (QFile::exists(favicon)) QFile::remove(favicon);
+
+    WriteContainerFiles(ws);
+}
+
+QString TrimAll(const QString& text) {
+    // Blanks first, then line ends from both sides and blanks again, until nothing more comes off.
+    QString t = TrimBlanks(text);
+    qsizetype before;
+    do {
+        before = t.size();
+        for (const char* cut : {"\r\n", "\r", "\n"}) {
+            const QLatin1String c(cut);
+            if (t.endsWith(c)) t.chop(c.size());
+            if (t.startsWith(c)) t.remove(0, c.size());
+        }
+        t = TrimBlanks(t);
+    } while (t.size() != before);
+    return t;
+}
+
+} // namespace pd

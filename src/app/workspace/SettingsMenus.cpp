@@ -1,0 +1,59 @@
+#include "app/workspace/SettingsMenus.h"
+
+namespace pd {
+
+const CheckSetting kCheckSettings[] = {
+    {"mnuAlign", "&Align", true},
+    {"mnuCaptureContainers", "&Capture/Nested Containers", false},
+    {"mnuAutoExpand", "Auto &Expand on Mouse-Over", true},
+    // On Linux the hot key is Super+S; the caption keeps the key's usual name.
+    {"mnuGlobalHotkey", "Global &Hotkey (Win+S)", true},
+    {"mnuAddNewToolbar", "Show Floating &Toolbar", true},
+    {"mnuExtractURL", "&Resolve Shortcuts", true},
+    {"mnuAutoFold", "&Fold on Click", true},
+    {"mnuTranslucent", "&Transparent", false},
+    {"mnuAnimateDock", "&Animate (Slide-In)", true},
+    {"mnuWideDockingBorder", "&Wide Border", false},
+    // Checked means the delay before undocking applies, whatever the file key says.
+    {"mnuUndockImmediately", "&Delay Before Undock", true},
+    {"mnuLock", "Lock Editing", false},
+    {"mnuShowTime", "Show &Date && Time", false},
+    {"mnuDropShadow", "Drop &Shadow (*)", true},
+    {"mnuShowShortcutTags", "Show Asterisk Icon (Tags)", true},
+    {"mnuDblClick", "&Dbl-Click to Start", true},
+    {"mnuCollapseBefore", "Collapse &Before Launch", true},
+    {"mnuConfirmStartAllShortcuts", "&Require Confirmation for Start All Shortcuts", true},
+    {"mnuRSSOpenDirectly", "&Open directly on the site", false},
+    {"mnuRSSLoadOnStartup", "&Load on startup", false},
+    {"mnuHighlightRSS", "&Highlight Search Terms", true},
+};
+const int kCheckSettingCount = sizeof kCheckSettings / sizeof kCheckSettings[0];
+
+void DeclareCoreMenus(Menus& menus) {
+    menus.add("mnuMain", "Perchdock");
+    menus.add("mnuSave", "&Save Workspace", "mnuMain").setShortcut("Ctrl+S");
+    menus.add("mnuReload", "&Ignore Changes && Restart", "mnuMain");
+    menus.add("mnuOptions", "&Options", "mnuMain");
+    for (int i = 0; i < kCheckSettingCount; ++i) {
+        const CheckSetting& s = kCheckSettings[i];
+        MenuEntry& m = menus.add(s.menu, s.caption, "mnuOptions");
+        m.setCheckable(true);
+        m.setChecked(s.byDefault);
+    }
+    MenuEntry& confirm = menus.add("mnuDeleteConfirmation", "&Delete Confirmation", "mnuOptions");
+    confirm.setCheckable(true);
+    confirm.setChecked(true);
+    menus.add("mnuRSSSetProxy", "Set &Proxy...", "mnuOptions").setCheckable(true);
+    menus.add("mnuCheckForUpdate", "Check for &Update", "mnuMain");
+    menus.add("mnuAbout", "&About", "mnuMain");
+    menus.add("mnuExitMainWin", "E&xit", "mnuMain");
+
+    // The tray icon's menu.
+    menus.add("mnuTray", "Perchdock");
+    menus.add("mnuExitApp", "Exit", "mnuTray");
+
+    // Recent feed searches; member 0 always exists.
+    menus.add("mnuRSSSearchItem", "[No Recent Search]", QString(), 0);
+}
+
+} // namespace pd

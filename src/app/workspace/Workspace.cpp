@@ -1,0 +1,82 @@
+#include "app/workspace/Workspace.h"
+
+#include "app/workspace/SettingsMenus.h"
+
+#include <QDir>
+
+namespace pd {
+
+SplashForm::SplashForm(ElementSink** sink)
+    : frmSplash("frmSplash", sink, false), lblVersion("lblVersion", sink, false), lblLoad("lblLoad", sink, false),
+      ImgRSS("ImgRSS", sink, false), Label2("Label2", sink, false), lblUpdate("lblUpdate", sink, false) {
+    frmSplash(0).Visible = false;
+    for (ElementFamily* f : {&lblVersion, &lblLoad, &ImgRSS, &Label2, &lblUpdate}) (*f)(0).setContainer(&frmSplash(0));
+    ImgRSS(0).Visible = false;
+}
+
+Workspace::Workspace(Platform& p, Clock& c) : platform(p), clock(c) {
+    DeclareCoreMenus(menus);
+
+    // The design of the main window: the background fills it, the title band and its caption on top.
+    Element& win = frmMain(0);
+    win.Visible = false;
+    for (ElementFamily* f : {&picBack, &picMoveMe, &lblCaption, &lblVersion, &PicDock, &PicLockToolbar,
+                             &PicUnLockToolbar, &PicJumpToLink, &PicJumpToLinkTop})
+        (*f)(0).setContainer(&win);
+    imgBack(0).setContainer(&picBack(0));
+    lblRSSRefresh(0).setContainer(&picBack(0));
+    for (ElementFamily* f : {&PicLockToolbar, &PicUnLockToolbar, &PicJumpToLink, &PicJumpToLinkTop, &lblRSSRefresh})
+        (*f)(0).Visible = false;
+
+    // Member 0 of each object family exists from the start but shows nothing until an object uses it.
+    for (ElementFamily* f : {&Group, &Link, &PicIcon, &picPlaceholder, &picTemp, &imgPicture, &LstRSS,
+                             &lblRSSLastUpdate})
+        (*f)(0).Visible = false;
+    Group(0).setContainer(&picBack(0));
+    grpBorder(0).setContainer(&Group(0));
+    for (ElementFamily* f : {&lblName, &groupName, &chkFold, &chkUnfold, &picShrink, &ShrinkIcon, &txtNote, &picPin,
+                             &picPinNote, &picCopy1, &picCopy2, &LstRSS, &lblRSSLastUpdate})
+        (*f)(0).setContainer(&grpBorder(0));
+    Link(0).setContainer(&picBack(0));
+    PicIcon(0).setContainer(&picBack(0));
+    picPlaceholder(0).setContainer(&picBack(0));
+    picTemp(0).setContainer(&picBack(0));
+    imgPicture(0).setContainer(&picPlaceholder(0));
+    picPlaceholder(0).BackColor = 0x800000;
+    txtNote(0).BackColor = 0xE1FDFF;
+    txtNote(0).ForeColor = 0;
+    grpBorder(0).BackColor = 0x290700;
+    grpBorder(0).ForeColor = 0xFFFFFF;
+
+    // Labels are transparent; the wallpaper holder stretches its picture.
+    for (ElementFamily* f : {&lblCaption, &lblVersion, &lblName, &Link, &lblRSSLastUpdate, &lblRSSRefresh,
+                             &splash.lblVersion, &splash.lblLoad, &splash.Label2, &splash.lblUpdate})
+        (*f)(0).BackStyle = 0;
+    imgBack(0).Stretch = true;
+    imgBack(0).BackStyle = 0;
+    imgPicture(0).Stretch = true;
+    picTemp(0).Stretch = true;
+
+    Containers.resize(2);
+    Links.resize(2);
+    DeskObjects.resize(2);
+}
+
+std::vector<ElementFamily*> Workspace::families() {
+    return {&frmMain,       &picBack,   &imgBack,        &picMoveMe,        &lblCaption,
+            &lblVersion,    &PicDock,   &PicLockToolbar, &PicUnLockToolbar, &lblRSSRefresh,
+            &PicJumpToLink, &PicJumpToLinkTop, &Group,   &grpBorder,        &lblName,
+            &groupName,     &chkFold,   &chkUnfold,      &picShrink,        &ShrinkIcon,
+            &txtNote,       &picPin,    &picPinNote,     &picCopy1,         &picCopy2,
+            &LstRSS,        &lblRSSLastUpdate, &Link,    &PicIcon,          &picPlaceholder,
+            &picTemp,       &imgPicture, &splash.frmSplash, &splash.lblVersion, &splash.lblLoad,
+            &splash.ImgRSS, &splash.Label2, &splash.lblUpdate};
+}
+
+void Workspace::showStatus(const QString& text) { splash.lblLoad(0).Caption = text; }
+
+QString Workspace::dataFile(const QString& name) const { return QDir(DataPath).filePath(name); }
+
+QString Workspace::programFile(const QString& name) const { return QDir(ProgramDirectory).filePath(name); }
+
+} // namespace pd

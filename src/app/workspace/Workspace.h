@@ -1,0 +1,156 @@
+#pragma once
+// The workspace: the element families, the record arrays, the menus that store the settings, the
+// global settings and the shared globals. One instance lives from the main window's load to its unload;
+// every routine takes it by reference. Outside services come through `platform`, time through `clock`.
+
+#include "app/clock/Clock.h"
+#include "app/elements/ElementFamily.h"
+#include "app/elements/Menu.h"
+#include "app/workspace/Records.h"
+#include "platform/Platform.h"
+
+#include <functional>
+#include <vector>
+
+namespace pd {
+
+// The splash window's elements; it also serves as the About box.
+struct SplashForm {
+    explicit SplashForm(ElementSink** sink);
+    ElementFamily frmSplash;
+    ElementFamily lblVersion;
+    ElementFamily lblLoad;
+    ElementFamily ImgRSS;
+    ElementFamily Label2;
+    ElementFamily lblUpdate;
+    bool loaded = false;
+};
+
+class Workspace {
+public:
+    Workspace(Platform& platform, Clock& clock);
+    Workspace(const Workspace&) = delete;
+    Workspace& operator=(const Workspace&) = delete;
+
+    Platform& platform;
+    Clock& clock;
+
+    // Where element and menu changes go; set by the view, null when headless.
+    ElementSink* sink = nullptr;
+    MenuSink* menuSink = nullptr;
+
+    // --- the main window and its single elements ---
+    ElementFamily frmMain{"frmMain", &sink, false};
+    ElementFamily picBack{"picBack", &sink, false};
+    ElementFamily imgBack{"imgBack", &sink, false};
+    ElementFamily picMoveMe{"picMoveMe", &sink, false};
+    ElementFamily lblCaption{"lblCaption", &sink, false};
+    ElementFamily lblVersion{"lblVersion", &sink, false};
+    ElementFamily PicDock{"PicDock", &sink, false};
+    ElementFamily PicLockToolbar{"PicLockToolbar", &sink, false};
+    ElementFamily PicUnLockToolbar{"PicUnLockToolbar", &sink, false};
+    ElementFamily lblRSSRefresh{"lblRSSRefresh", &sink, false};
+    ElementFamily PicJumpToLink{"PicJumpToLink", &sink, false};
+    ElementFamily PicJumpToLinkTop{"PicJumpToLinkTop", &sink, false};
+
+    // --- families of a container ---
+    ElementFamily Group{"Group", &sink};
+    ElementFamily grpBorder{"grpBorder", &sink};
+    ElementFamily lblName{"lblName", &sink};
+    ElementFamily groupName{"groupName", &sink};
+    ElementFamily chkFold{"chkFold", &sink};
+    ElementFamily chkUnfold{"chkUnfold", &sink};
+    ElementFamily picShrink{"picShrink", &sink};
+    ElementFamily ShrinkIcon{"ShrinkIcon", &sink};
+    ElementFamily txtNote{"txtNote", &sink};
+    ElementFamily picPin{"picPin", &sink};
+    ElementFamily picPinNote{"picPinNote", &sink};
+    ElementFamily picCopy1{"picCopy1", &sink};
+    ElementFamily picCopy2{"picCopy2", &sink};
+    // Feed elements, indexed by a container's FeedIndex.
+    ElementFamily LstRSS{"LstRSS", &sink};
+    ElementFamily lblRSSLastUpdate{"lblRSSLastUpdate", &sink};
+
+    // --- families of a shortcut (numbered apart, joined by IconIndex) ---
+    ElementFamily Link{"Link", &sink};
+    ElementFamily PicIcon{"PicIcon", &sink};
+
+    // --- families of a picture or reminder ---
+    ElementFamily picPlaceholder{"picPlaceholder", &sink};
+    ElementFamily picTemp{"picTemp", &sink};
+    ElementFamily imgPicture{"imgPicture", &sink};
+
+    SplashForm splash{&sink};
+
+    // Every family, for the view to mirror and for loops that look for an element by name.
+    std::vector<ElementFamily*> families();
+
+    // --- records and their slot counts (slots are never reused in a run) ---
+    std::vector<ContainerRecord> Containers;
+    std::vector<LinkRecord> Links;
+    std::vector<DeskObjectRecord> DeskObjects;
+    int16_t ContainerCount = 0;
+    int16_t LinkCount = 0;
+    int16_t IconCount = 0;
+    int16_t DeskObjectCount = 0;
+    int16_t RSSCount = 0;
+
+    // --- menus: a check mark is the store of its setting ---
+    Menus menus{&menuSink};
+
+    // --- global settings not kept in a menu ---
+    bool ConfirmDelete = true;
+    QString ButtonSet = QStringLiteral("Plain White on Blue");
+    int16_t LinkFontSize = 10;
+    QString LinkFontName = QStringLiteral("Verdana");
+    int16_t LargeIconSize = 32;
+    int32_t ContainerColor = 0x290700;
+    int32_t ContainerLabelColor = 0xFFFFFF;
+    int32_t DockingColor = 0xFF0000;
+    QString WallpaperPath;
+    bool StretchWallpaper = true;
+    int16_t RSSchkFullValue = 0;
+    int16_t RSSchkHeadlineValue = 1;
+    int16_t RSSViewerOnTop = 0;
+    int32_t RSSViewerX = 1000;
+    int32_t RSSViewerY = 1000;
+    int32_t RSSViewerW = 8295;
+    int32_t RSSViewerH = 4665;
+    QString ProxyServer;
+
+    // --- shared globals, never stored ---
+    QString DataPath;
+    QString ProgramDirectory;
+    bool UsesProgramDirectory = false;
+    bool IsLoading = false;
+    int16_t SelectedContainer = 0;
+    int16_t SelectedLink = 0;
+    int16_t SelectedDeskObject = 0;
+    float DropX = 600;
+    float DropY = 200;
+    // The main window's no-save flag: while set, SaveDesktop writes nothing.
+    bool NoSave = false;
+    // The floating toolbar shows (then modal dialogs keep it on top instead of stopping the auto-hide).
+    bool ToolbarVisible = false;
+    // The main window has been unloaded; the process is ending.
+    bool Unloaded = false;
+
+    // --- timers ---
+    Timer TimerHide{clock, QStringLiteral("TimerHide"), 1000};
+
+    // A line for the splash's status label during the load.
+    void showStatus(const QString& text);
+
+    // Twips per pixel of the screen, as the platform reports them.
+    float TwipsPerPixelX() const { return platform.twipsPerPixelX(); }
+    float TwipsPerPixelY() const { return platform.twipsPerPixelY(); }
+
+    // A path under DataPath: `dataFile("Perchdock.ini")`.
+    QString dataFile(const QString& name) const;
+    QString programFile(const QString& name) const;
+
+    // Asks the view to close the process's windows and quit; set by the view, null when headless.
+    std::function<void()> onUnloaded;
+};
+
+} // namespace pd

@@ -1,0 +1,13 @@
+#pragma once
+// The container files `Containers/<n>.con`: one per container with everything inside it.
+
+namespace pd {
+
+class Workspace;
+
+// Rewrites the container files from the live containers (the last step of every save).
+void WriteContainerFiles(Workspace& ws);
+// Reads the container files after the workspace file.
+void ReadContainerFiles(Workspace& ws);
+
+} // namespace pd

@@ -1,0 +1,99 @@
+#pragma once
+// Every service of the outside world that the routines use, in one place: message boxes and choosers,
+// starting programs, sounds, the pointer and the screen, the tray and the hot key, the single-instance
+// channel. `platform/qt` implements it for the Linux desktop; the tests use a fake that records each call
+// and answers from a script.
+
+#include <QPoint>
+#include <QSize>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+namespace pd {
+
+// Message box styles, as the routines pass them: buttons + icon + system-modal.
+namespace MsgStyle {
+inline constexpr int OkOnly = 0;
+inline constexpr int YesNoCancel = 3;
+inline constexpr int YesNo = 4;
+inline constexpr int Critical = 16;
+inline constexpr int Question = 32;
+inline constexpr int Exclamation = 48;
+inline constexpr int Information = 64;
+inline constexpr int SystemModal = 4096;
+
+inline constexpr int YesNoWarning = 4148;    // yes/no with exclamation
+inline constexpr int YesNoQuestion = 4132;   // yes/no with question
+inline constexpr int YesNoCancelWarn = 4147; // yes/no/cancel with exclamation
+inline constexpr int YesNoCancelAsk = 4131;  // yes/no/cancel with question
+inline constexpr int CriticalBox = 4112;
+inline constexpr int ExclamationBox = 4144;
+inline constexpr int InformationBox = 4160;
+} // namespace MsgStyle
+
+// Answers of a message box.
+namespace MsgAnswer {
+inline constexpr int Ok = 1;
+inline constexpr int Cancel = 2;
+inline constexpr int Yes = 6;
+inline constexpr int No = 7;
+} // namespace MsgAnswer
+
+class Platform {
+public:
+    virtual ~Platform() = default;
+
+    // --- dialogs ---
+    // Shows a message box and returns the answer (MsgAnswer). `title` empty means the program's title.
+    virtual int messageBox(const QString& text, int style, const QString& title = {}) = 0;
+
+    // --- the screen and the pointer ---
+    // Twips per pixel: 1440 / the screen's logical DPI (15 at 96 DPI).
+    virtual float twipsPerPixelX() const = 0;
+    virtual float twipsPerPixelY() const = 0;
+    // The screen's size in twips.
+    virtual float screenWidth() const = 0;
+    virtual float screenHeight() const = 0;
+    // The pointer's position in screen pixels.
+    virtual QPoint cursorPos() const = 0;
+
+    // --- images ---
+    // The natural size of an image file in pixels; an invalid size when it cannot be read.
+    virtual QSize imageSize(const QString& path) const = 0;
+
+    // --- programs and files ---
+    // The folder of the program's own files (sounds, images, the restart helper).
+    virtual QString programDirectory() const = 0;
+    // The user's data folder, the counterpart of the application data folder: $XDG_DATA_HOME or
+    // ~/.local/share. Empty when it cannot be determined.
+    virtual QString userDataDirectory() const = 0;
+    // The program's own executable file.
+    virtual QString programExecutable() const = 0;
+    // Opens a document, folder or web address with the desktop's opener. Returns true on success.
+    virtual bool openUrl(const QString& target) = 0;
+    // Starts a program detached with its arguments. Returns true when it started.
+    virtual bool startDetached(const QString& program, const QStringList& args) = 0;
+
+    // --- tray and hot key ---
+    virtual void showTrayIcon(const QString& tip) = 0;
+    virtual void removeTrayIcon() = 0;
+    // Registers the global hot key Super+S; returns false where the desktop does not allow it.
+    virtual bool registerHotKey() = 0;
+    virtual void unregisterHotKey() = 0;
+
+    // --- single instance ---
+    // Claims this user's single-instance lock; false when another instance holds it.
+    virtual bool claimSingleInstance() = 0;
+    // Asks the running instance to show or hide its window; false when none answers.
+    virtual bool askRunningInstanceToToggle() = 0;
+    // What runs when a later start asks this instance to toggle its window.
+    std::function<void()> onToggleRequest;
+
+    // --- the event loop ---
+    // Lets pending events run (the two points in the unload that do so).
+    virtual void doEvents() = 0;
+};
+
+} // namespace pd

@@ -1,0 +1,180 @@
+#include "platform/qt/QtPlatform.h"
+
+#include "platform/qt/ProgramIcon.h"
+
+#include <QApplication>
+#include <QCryptographicHash>
+#include <QCursor>
+#include <QDesktopServices>
+#include <QDir>
+#include <QImageReader>
+#include <QLocalServer>
+#include <QLocalSocket>
+#include <QLockFile>
+#include <QMenu>
+#include <QMessageBox>
+#include <QProcess>
+#include <QScreen>
+#include <QStandardPaths>
+#include <QSystemTrayIcon>
+#include <QUrl>
+
+namespace pd {
+
+namespace {
+QScreen* Screen() { return QGuiApplication::primaryScreen(); }
+} // namespace
+
+QtPlatform::QtPlatform() = default;
+QtPlatform::~QtPlatform() = default;
+
+int QtPlatform::messageBox(const QString& text, int style, const QString& title) {
+    QMessageBox box;
+    box.setWindowTitle(title.isEmpty() ? QStringLiteral("Perchdock") : title);
+    box.setText(text);
+    // System-modal: above every window, so that a docked workspace cannot hide it.
+    box.setWindowFlag(Qt::WindowStaysOnTopHint, (style & MsgStyle::SystemModal) != 0);
+    switch (style & 0x70) {
+    case MsgStyle::Critical: box.setIcon(QMessageBox::Critical); break;
+    case MsgStyle::Question: box.setIcon(QMessageBox::Question); break;
+    case MsgStyle::Exclamation: box.setIcon(QMessageBox::Warning); break;
+    case MsgStyle::Information: box.setIcon(QMessageBox::Information); break;
+    default: break;
+    }
+    switch (style & 7) {
+    case MsgStyle::YesNo: box.setStandardButtons(QMessageBox::Yes | QMessageBox::No); break;
+    case MsgStyle::YesNoCancel:
+        box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+        break;
+    default: box.setStandardButtons(QMessageBox::Ok); break;
+    }
+    switch (box.exec()) {
+    case QMessageBox::Yes: return MsgAnswer::Yes;
+    case QMessageBox::No: return MsgAnswer::No;
+    case QMessageBox::Cancel: return MsgAnswer::Cancel;
+    default: return (style & 7) == MsgStyle::OkOnly ? MsgAnswer::Ok : MsgAnswer::Cancel;
+    }
+}
+
+float QtPlatform::twipsPerPixelX() const {
+    const qreal dpi = Screen() ? Screen()->logicalDotsPerInchX() : 96;
+    return static_cast<float>(1440.0 / (dpi > 0 ? dpi : 96));
+}
+
+float QtPlatform::twipsPerPixelY() const {
+    const qreal dpi = Screen() ? Screen()->logicalDotsPerInchY() : 96;
+    return static_cast<float>(1440.0 / (dpi > 0 ? dpi : 96));
+}
+
+float QtPlatform::screenWidth() const {
+    return static_cast<float>(Screen() ? Screen()->geometry().width() : 1024) * twipsPerPixelX();
+}
+
+float QtPlatform::screenHeight() const {
+    return static_cast<float>(Screen() ? Screen()->geometry().height() : 768) * twipsPerPixelY();
+}
+
+QPoint QtPlatform::cursorPos() const { return QCursor::pos(); }
+
+QSize QtPlatform::imageSize(const QString& path) const {
+    QImageReader reader(path);
+    // The header's size where the format gives it, else the decoded image's.
+    QSize s = reader.size();
+    if (!s.isValid()) {
+        const QImage img = reader.read();
+        s = img.isNull() ? QSize() : img.size();
+    }
+    return s;
+}
+
+QString QtPlatform::programDirectory() const { return QCoreApplication::applicationDirPath(); }
+
+QString QtPlatform::userDataDirectory() const {
+    // $XDG_DATA_HOME, or ~/.local/share when it is unset or not absolute (the base directory rules).
+    const QString xdg = qEnvironmentVariable("XDG_DATA_HOME");
+    if (!xdg.isEmpty() && QDir::isAbsolutePath(xdg)) return xdg;
+    const QString home = QDir::homePath();
+    return home.isEmpty() ? QString() : QDir(home).filePath(QStringLiteral(".local/share"));
+}
+
+QString QtPlatform::programExecutable() const { return QCoreApplication::applicationFilePath(); }
+
+bool QtPlatform::openUrl(const QString& target) {
+    return QDesktopServices::openUrl(QUrl::fromUserInput(target, QDir::currentPath(), QUrl::AssumeLocalFile));
+}
+
+bool QtPlatform::startDetached(const QString& program, const QStringList& args) {
+    return QProcess::startDetached(program, args);
+}
+
+void QtPlatform::showTrayIcon(const QString& tip) {
+    if (!QSystemTrayIcon::isSystemTrayAvailable()) return;
+    if (!tray_) {
+        tray_ = std::make_unique<QSystemTrayIcon>(ProgramIcon());
+        QObject::connect(tray_.get(), &QSystemTrayIcon::activated, [this](QSystemTrayIcon::ActivationReason r) {
+            if (r == QSystemTrayIcon::Trigger && onTrayClick) onTrayClick();
+        });
+        if (trayMenu_) tray_->setContextMenu(trayMenu_);
+    }
+    tray_->setToolTip(tip);
+    tray_->show();
+}
+
+void QtPlatform::removeTrayIcon() {
+    if (tray_) tray_->hide();
+    tray_.reset();
+}
+
+void QtPlatform::setTrayMenu(QMenu* menu) {
+    trayMenu_ = menu;
+    if (tray_) tray_->setContextMenu(menu);
+}
+
+bool QtPlatform::registerHotKey() {
+    // A global key grab is not available yet; on every desktop the same toggle can be bound to
+    // "perchdock --toggle" in the desktop's own shortcut settings.
+    return false;
+}
+
+void QtPlatform::unregisterHotKey() {}
+
+QString QtPlatform::instanceKey() const {
+    const QByteArray id = QCryptographicHash::hash(userDataDirectory().toUtf8(), QCryptographicHash::Sha1).toHex().left(12);
+    return QStringLiteral("perchdock-") + QString::fromLatin1(id);
+}
+
+bool QtPlatform::claimSingleInstance() {
+    QString dir = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    if (dir.isEmpty()) dir = QDir::tempPath();
+    lock_ = std::make_unique<QLockFile>(QDir(dir).filePath(instanceKey() + QStringLiteral(".lock")));
+    // A lock left by a crashed instance is taken over (its process is gone).
+    lock_->setStaleLockTime(0);
+    if (!lock_->tryLock(0)) return false;
+    QLocalServer::removeServer(instanceKey());
+    server_ = std::make_unique<QLocalServer>();
+    QObject::connect(server_.get(), &QLocalServer::newConnection, [this] {
+        while (QLocalSocket* s = server_->nextPendingConnection()) {
+            QObject::connect(s, &QLocalSocket::readyRead, s, [this, s] {
+                if (s->readAll().startsWith("toggle") && onToggleRequest) onToggleRequest();
+                s->disconnectFromServer();
+            });
+            QObject::connect(s, &QLocalSocket::disconnected, s, &QObject::deleteLater);
+        }
+    });
+    server_->listen(instanceKey());
+    return true;
+}
+
+bool QtPlatform::askRunningInstanceToToggle() {
+    QLocalSocket s;
+    s.connectToServer(instanceKey());
+    if (!s.waitForConnected(1000)) return false;
+    s.write("toggle\n");
+    s.waitForBytesWritten(1000);
+    s.disconnectFromServer();
+    return true;
+}
+
+void QtPlatform::doEvents() { QCoreApplication::processEvents(); }
+
+} // namespace pd

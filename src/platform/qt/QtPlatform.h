@@ -1,0 +1,58 @@
+#pragma once
+// The platform on the Linux desktop, through Qt: message boxes, the screen, xdg-open, the tray, the
+// single-instance lock and its local socket.
+
+#include "platform/Platform.h"
+
+#include <QObject>
+
+#include <memory>
+
+class QLockFile;
+class QLocalServer;
+class QSystemTrayIcon;
+class QMenu;
+
+namespace pd {
+
+class QtPlatform : public Platform {
+public:
+    QtPlatform();
+    ~QtPlatform() override;
+
+    int messageBox(const QString& text, int style, const QString& title) override;
+    float twipsPerPixelX() const override;
+    float twipsPerPixelY() const override;
+    float screenWidth() const override;
+    float screenHeight() const override;
+    QPoint cursorPos() const override;
+    QSize imageSize(const QString& path) const override;
+    QString programDirectory() const override;
+    QString userDataDirectory() const override;
+    QString programExecutable() const override;
+    bool openUrl(const QString& target) override;
+    bool startDetached(const QString& program, const QStringList& args) override;
+    void showTrayIcon(const QString& tip) override;
+    void removeTrayIcon() override;
+    bool registerHotKey() override;
+    void unregisterHotKey() override;
+    bool claimSingleInstance() override;
+    bool askRunningInstanceToToggle() override;
+    void doEvents() override;
+
+    // The tray icon's menu and what a click on the icon does; set by the view.
+    void setTrayMenu(QMenu* menu);
+    std::function<void()> onTrayClick;
+
+private:
+    // The lock and the socket are per data folder, so that two users' (or two test runs') workspaces
+    // never stop each other.
+    QString instanceKey() const;
+
+    std::unique_ptr<QLockFile> lock_;
+    std::unique_ptr<QLocalServer> server_;
+    std::unique_ptr<QSystemTrayIcon> tray_;
+    QMenu* trayMenu_ = nullptr;
+};
+
+} // namespace pd

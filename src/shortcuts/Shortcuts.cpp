@@ -1,0 +1,104 @@
+#include "shortcuts/Shortcuts.h"
+
+#include "app/workspace/Workspace.h"
+
+namespace pd {
+
+namespace {
+// Grows the record array to hold index i, keeping its rows.
+void GrowLinks(Workspace& ws, int i) {
+    if (static_cast<int>(ws.Links.size()) <= i) ws.Links.resize(static_cast<size_t>(i) + 1);
+}
+
+// Steps shared by both adders: the next Link and PicIcon members, placed in Owner, with a fresh record.
+int NewLinkSlot(Workspace& ws, Element& Owner) {
+    const int n = ws.LinkCount;
+    const int m = ws.IconCount;
+    Element& icon = ws.IconCount != 0 ? ws.PicIcon.Load(m) : ws.PicIcon(0);
+    Element& label = ws.LinkCount != 0 ? ws.Link.Load(n) : ws.Link(0);
+    icon.setContainer(&Owner);
+    label.setContainer(&Owner);
+    GrowLinks(ws, n);
+    ws.Links[n] = LinkRecord{};
+    LinkRecord& r = ws.Links[n];
+    r.Bold = false;
+    r.LinkColor = -1;
+    r.IconIndex = static_cast<int16_t>(m);
+    r.Tags.clear();
+    label.FontSize = ws.LinkFontSize;
+    r.Size = ws.LinkFontSize;
+    label.FontName = ws.LinkFontName;
+    label.Enabled = true;
+    label.ForeColor = Owner.ForeColor.get();
+    label.FontBold = false;
+    label.Visible = true;
+    icon.Visible = true;
+    label.ZOrder(0);
+    return n;
+}
+} // namespace
+
+QString GetFileName(const QString& Path) {
+    if (Path.size() == 3) return Path;
+    qsizetype pos = (Path.size() > 1 && Path[1] == QLatin1Char(':')) ? 2 : 0;
+    const qsizetype slash = Path.lastIndexOf(QLatin1Char('/'));
+    if (slash >= pos) pos = slash + 1;
+    const qsizetype back = Path.lastIndexOf(QLatin1Char('\\'));
+    if (back >= pos) pos = back + 1;
+    return Path.mid(pos);
+}
+
+QString ResolveLinkTarget(const QString& Path) {
+    // Link files are not read yet: every target is unknown, so the link file itself stays the target.
+    Q_UNUSED(Path);
+    return {};
+}
+
+void MoveLinkIcon(Workspace& ws, int n) {
+    if (n < 0 || n >= static_cast<int>(ws.Links.size())) return;
+    Element& label = ws.Link(n);
+    Element& icon = ws.PicIcon(ws.Links[n].IconIndex);
+    icon.setContainer(label.Container());
+    const float w = 16 * ws.TwipsPerPixelX();
+    icon.Move(label.Left - w - 2 * ws.TwipsPerPixelX(), label.Top, w, 16 * ws.TwipsPerPixelY());
+    ws.Links[n].Size = static_cast<int16_t>(label.FontSize.get());
+}
+
+void AddShortcut(Workspace& ws, QString Path, Element& Owner) {
+    Path = Path.trimmed();
+    QString target;
+    if (ws.menus["mnuExtractURL"].Checked()) {
+        const QString ext = Path.right(3).toLower();
+        if (ext == QLatin1String("lnk") || ext == QLatin1String("url")) {
+            target = ResolveLinkTarget(Path);
+            if (ext == QLatin1String("url")) {
+                AddURL(ws, target, GetFileName(Path), Owner);
+                return;
+            }
+        }
+    }
+    const int n = NewLinkSlot(ws, Owner);
+    LinkRecord& r = ws.Links[n];
+    r.LinkType = 2;
+    r.Command = 0;
+    r.LinkPath = target.isEmpty() ? Path : target;
+    ws.Link(n).Caption = GetFileName(Path);
+    ++ws.LinkCount;
+    ++ws.IconCount;
+}
+
+void AddURL(Workspace& ws, QString Address, const QString& Label, Element& Owner) {
+    Address = Address.trimmed();
+    const int n = NewLinkSlot(ws, Owner);
+    LinkRecord& r = ws.Links[n];
+    r.LinkType = 1;
+    r.LinkPath = Address;
+    Element& label = ws.Link(n);
+    label.Caption = Label.isEmpty() ? Address : Label;
+    label.Move(ws.DropX, ws.DropY);
+    ++ws.LinkCount;
+    ++ws.IconCount;
+    MoveLinkIcon(ws, n);
+}
+
+} // namespace pd

@@ -1,0 +1,122 @@
+#include "view/ElementView.h"
+
+#include "app/workspace/Workspace.h"
+#include "view/ElementWidget.h"
+
+#include <cmath>
+
+namespace pd {
+
+ElementView::ElementView(Workspace& ws, std::unordered_map<const Element*, QWidget*> windows)
+    : ws_(ws), windows_(std::move(windows)) {}
+
+ElementView::~ElementView() {
+    if (ws_.sink == this) ws_.sink = nullptr;
+}
+
+void ElementView::attach() {
+    for (ElementFamily* f : ws_.families())
+        for (int i = 0; i < f->Count(); ++i)
+            if (f->exists(i)) create((*f)(i));
+    for (ElementFamily* f : ws_.families())
+        for (int i = 0; i < f->Count(); ++i)
+            if (f->exists(i)) applyAll((*f)(i));
+    ws_.sink = this;
+}
+
+QWidget* ElementView::widget(const Element& e) const {
+    if (auto it = windows_.find(&e); it != windows_.end()) return it->second;
+    auto it = widgets_.find(&e);
+    return it == widgets_.end() ? nullptr : it->second.data();
+}
+
+void ElementView::create(Element& e) {
+    if (windows_.count(&e) || widgets_.count(&e)) return;
+    auto* w = new ElementWidget(e, nullptr);
+    widgets_[&e] = w;
+    if (onWidgetCreated) onWidgetCreated(*w);
+}
+
+void ElementView::elementLoaded(Element& e) {
+    create(e);
+    applyAll(e);
+}
+
+void ElementView::applyAll(Element& e) {
+    QWidget* w = widget(e);
+    if (!w) return;
+    if (!windows_.count(&e)) applyParent(e, *w);
+    applyGeometry(e, *w);
+    if (auto* ew = qobject_cast<ElementWidget*>(w)) ew->reloadPicture();
+    w->setToolTip(e.ToolTipText.get());
+    w->setEnabled(e.Enabled);
+    w->setAccessibleName(e.Caption.get());
+    if (!windows_.count(&e)) w->setVisible(e.Visible);
+    w->update();
+}
+
+void ElementView::applyGeometry(Element& e, QWidget& w) {
+    if (windows_.count(&e)) return; // windows place themselves
+    const float tx = ws_.TwipsPerPixelX(), ty = ws_.TwipsPerPixelY();
+    w.setGeometry(static_cast<int>(std::lround(e.Left / tx)), static_cast<int>(std::lround(e.Top / ty)),
+                  std::max(0, static_cast<int>(std::lround(e.Width / tx))),
+                  std::max(0, static_cast<int>(std::lround(e.Height / ty))));
+}
+
+void ElementView::applyParent(Element& e, QWidget& w) {
+    QWidget* parent = e.Container() ? widget(*e.Container()) : nullptr;
+    if (w.parentWidget() != parent) {
+        w.setParent(parent);
+        w.setVisible(e.Visible);
+    }
+    restack(e);
+}
+
+void ElementView::restack(Element& e) {
+    // Siblings are kept in the order of their elements' stacking values.
+    QWidget* w = widget(e);
+    if (!w || !w->parentWidget()) return;
+    for (QObject* o : w->parentWidget()->children()) {
+        auto* sib = qobject_cast<ElementWidget*>(o);
+        if (!sib || sib == w) continue;
+        if (sib->element().zValue() > e.zValue()) {
+            w->stackUnder(sib);
+            return;
+        }
+    }
+    w->raise();
+}
+
+void ElementView::elementChanged(Element& e, Prop p) {
+    if (windows_.count(&e)) {
+        if (onWindowChanged) onWindowChanged(e, p);
+        return;
+    }
+    QWidget* w = widget(e);
+    if (!w) return;
+    switch (p) {
+    case Prop::Left:
+    case Prop::Top:
+    case Prop::Width:
+    case Prop::Height: applyGeometry(e, *w); break;
+    case Prop::Visible:
+        if (!windows_.count(&e)) w->setVisible(e.Visible);
+        break;
+    case Prop::Enabled: w->setEnabled(e.Enabled); break;
+    case Prop::ToolTipText: w->setToolTip(e.ToolTipText.get()); break;
+    case Prop::Picture:
+        if (auto* ew = qobject_cast<ElementWidget*>(w)) ew->reloadPicture();
+        break;
+    case Prop::Parent:
+        if (!windows_.count(&e)) applyParent(e, *w);
+        break;
+    case Prop::ZOrder: restack(e); break;
+    case Prop::Caption:
+        w->setAccessibleName(e.Caption.get());
+        w->update();
+        break;
+    default: w->update(); break;
+    }
+}
+
+} // namespace pd

@@ -1,0 +1,123 @@
+#include "view/MainView.h"
+
+#include "app/MainWindow.h"
+#include "app/workspace/Workspace.h"
+#include "view/ElementWidget.h"
+
+#include <QBitmap>
+#include <QCloseEvent>
+#include <QPainter>
+
+#include <cmath>
+
+namespace pd {
+
+TopWindow::TopWindow(Workspace& ws, Element& e, Qt::WindowFlags flags) : QWidget(nullptr, flags), ws_(ws), e_(e) {
+    setObjectName(e.Name());
+    setWindowTitle(QStringLiteral("Perchdock"));
+    setAttribute(Qt::WA_QuitOnClose, false);
+}
+
+bool TopWindow::settling() const { return placed_.isValid() && placed_.elapsed() < 500; }
+
+void TopWindow::applyGeometry() {
+    const float tx = ws_.TwipsPerPixelX(), ty = ws_.TwipsPerPixelY();
+    const QRect r(static_cast<int>(std::lround(e_.Left / tx)), static_cast<int>(std::lround(e_.Top / ty)),
+                  std::max(1, static_cast<int>(std::lround(e_.Width / tx))),
+                  std::max(1, static_cast<int>(std::lround(e_.Height / ty))));
+    if (windowState() & (Qt::WindowMaximized | Qt::WindowMinimized)) return;
+    if (geometry() == r) return;
+    placed_.start();
+    setGeometry(r);
+}
+
+void TopWindow::applyAll() {
+    applyGeometry();
+    apply(Prop::WindowState);
+    apply(Prop::Visible);
+}
+
+void TopWindow::apply(Prop p) {
+    switch (p) {
+    case Prop::Left:
+    case Prop::Top:
+    case Prop::Width:
+    case Prop::Height: applyGeometry(); break;
+    case Prop::Visible:
+        if (e_.Visible && !isVisible()) {
+            applyGeometry();
+            show();
+        } else if (!e_.Visible && isVisible()) {
+            hide();
+        }
+        break;
+    case Prop::Enabled: setEnabled(e_.Enabled); break;
+    case Prop::WindowState: {
+        Qt::WindowStates s = windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized);
+        if (e_.WindowState == 1) s |= Qt::WindowMinimized;
+        else if (e_.WindowState == 2) s |= Qt::WindowMaximized;
+        const bool wasMaximised = windowState() & Qt::WindowMaximized;
+        if (s != windowState()) setWindowState(s);
+        if (e_.WindowState == 0 && wasMaximised) {
+            // The normal place is known at once, before the window manager has restored the window.
+            const QRect n = normalGeometry();
+            e_.Left.setFromView(static_cast<float>(n.x()) * ws_.TwipsPerPixelX());
+            e_.Top.setFromView(static_cast<float>(n.y()) * ws_.TwipsPerPixelY());
+            e_.Width.setFromView(static_cast<float>(n.width()) * ws_.TwipsPerPixelX());
+            e_.Height.setFromView(static_cast<float>(n.height()) * ws_.TwipsPerPixelY());
+        }
+        if (e_.WindowState == 0) applyGeometry();
+        break;
+    }
+    default: update(); break;
+    }
+}
+
+void TopWindow::round() {
+    // A rounded outline of 11 pixels, as the window draws no system frame.
+    if (width() <= 0 || height() <= 0) return;
+    QBitmap mask(size());
+    mask.fill(Qt::color0);
+    QPainter p(&mask);
+    p.setBrush(Qt::color1);
+    p.setPen(Qt::NoPen);
+    p.drawRoundedRect(rect(), 11, 11);
+    setMask(mask);
+}
+
+void TopWindow::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    p.fillRect(rect(), ToQColor(e_.BackColor));
+}
+
+void TopWindow::moveEvent(QMoveEvent*) {
+    if (settling() || !isVisible() || (windowState() & Qt::WindowMinimized)) return;
+    e_.Left.setFromView(static_cast<float>(x()) * ws_.TwipsPerPixelX());
+    e_.Top.setFromView(static_cast<float>(y()) * ws_.TwipsPerPixelY());
+}
+
+void TopWindow::resizeEvent(QResizeEvent*) {
+    round();
+    if (settling() || !isVisible()) return;
+    if (!(windowState() & Qt::WindowMinimized)) {
+        e_.Width.setFromView(static_cast<float>(width()) * ws_.TwipsPerPixelX());
+        e_.Height.setFromView(static_cast<float>(height()) * ws_.TwipsPerPixelY());
+    }
+    if (&e_ == &ws_.frmMain(0)) MainWindowResize(ws_);
+}
+
+void TopWindow::changeEvent(QEvent* ev) {
+    QWidget::changeEvent(ev);
+    if (ev->type() != QEvent::WindowStateChange) return;
+    const int state = (windowState() & Qt::WindowMinimized) ? 1 : (windowState() & Qt::WindowMaximized) ? 2 : 0;
+    e_.WindowState.setFromView(state);
+    if (&e_ == &ws_.frmMain(0)) MainWindowResize(ws_);
+}
+
+void TopWindow::closeEvent(QCloseEvent* ev) {
+    // Closing the window from outside (Alt+F4, the window list) is the same as "E&xit".
+    ev->ignore();
+    if (onClose) onClose();
+}
+
+} // namespace pd

@@ -1,0 +1,114 @@
+#include "view/Program.h"
+
+#include "app/MainWindow.h"
+#include "app/Startup.h"
+#include "app/WorkspaceFile.h"
+#include "app/clock/QtClock.h"
+#include "app/workspace/Workspace.h"
+#include "platform/qt/ProgramIcon.h"
+#include "platform/qt/QtPlatform.h"
+#include "platform/qt/SignalBridge.h"
+#include "view/ElementView.h"
+#include "view/ElementWidget.h"
+#include "view/MainView.h"
+#include "view/MenuView.h"
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QSessionManager>
+#include <QWindow>
+
+namespace pd {
+
+namespace {
+
+// Presses on the title band move the window or open the main menu.
+void WireTitleBand(Workspace& ws, ElementWidget& w, TopWindow& main, MenuView& menus) {
+    const QString& name = w.element().Name();
+    if (name != QLatin1String("picMoveMe") && name != QLatin1String("lblCaption")) return;
+    w.onPress = [&ws, &main, &menus](ElementWidget&, QMouseEvent& ev) {
+        if (ev.button() == Qt::LeftButton) {
+            if (QWindow* h = main.windowHandle()) h->startSystemMove();
+        } else if (QMenu* m = menus.menu(QStringLiteral("mnuMain"))) {
+            m->popup(ev.globalPosition().toPoint());
+        }
+        Q_UNUSED(ws);
+    };
+    if (name == QLatin1String("lblCaption")) {
+        w.onDoubleClick = [&ws](ElementWidget&, QMouseEvent&) {
+            Element& win = ws.frmMain(0);
+            if (win.WindowState == 2) win.WindowState = 0;
+            else if (win.WindowState == 0) win.WindowState = 2;
+        };
+    }
+}
+
+} // namespace
+
+int RunProgram(int argc, char** argv) {
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Perchdock"));
+    QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setWindowIcon(ProgramIcon());
+    const bool toggle = app.arguments().contains(QStringLiteral("--toggle"));
+
+    QtPlatform platform;
+    // The tests that may end the start: the file-system root, then another instance.
+    if (!RootTest(platform, platform.programDirectory())) return 1;
+    if (!platform.claimSingleInstance()) {
+        // A second start ends silently; with --toggle it first asks the running one to show or hide.
+        if (toggle) platform.askRunningInstanceToToggle();
+        return 0;
+    }
+
+    QtClock clock;
+    Workspace ws(platform, clock);
+    WireCoreCommands(ws);
+
+    TopWindow mainWindow(ws, ws.frmMain(0), Qt::FramelessWindowHint | Qt::Tool);
+    TopWindow splash(ws, ws.splash.frmSplash(0), Qt::FramelessWindowHint | Qt::SplashScreen | Qt::WindowStaysOnTopHint);
+    splash.setWindowOpacity(200.0 / 255.0);
+    MenuView menus(ws.menus, &mainWindow);
+    ws.menuSink = &menus;
+    platform.setTrayMenu(menus.menu(QStringLiteral("mnuTray")));
+
+    ElementView view(ws, {{&ws.frmMain(0), &mainWindow}, {&ws.splash.frmSplash(0), &splash}});
+    view.onWindowChanged = [&](Element& e, Prop p) {
+        if (&e == &ws.frmMain(0)) mainWindow.apply(p);
+        else splash.apply(p);
+    };
+    view.onWidgetCreated = [&](ElementWidget& w) { WireTitleBand(ws, w, mainWindow, menus); };
+    view.attach();
+
+    auto toggleWindow = [&ws] {
+        Element& win = ws.frmMain(0);
+        if (win.WindowState == 1) win.WindowState = 0;
+        win.Visible = !win.Visible;
+    };
+    platform.onToggleRequest = toggleWindow;
+    platform.onTrayClick = [&ws] {
+        ws.frmMain(0).WindowState = 0;
+        ws.frmMain(0).Visible = true;
+    };
+
+    // Every way out runs the same unload: the menu, closing the window, a signal, the session's end.
+    // exit() rather than quit(): quitting asks the windows to close, and the main window refuses.
+    ws.onUnloaded = [] { QCoreApplication::exit(0); };
+    mainWindow.onClose = [&ws] { UnloadMainWindow(ws); };
+    InstallTerminationHandler([&ws] { UnloadMainWindow(ws); });
+    QObject::connect(&app, &QGuiApplication::commitDataRequest, [&ws](QSessionManager&) { UnloadMainWindow(ws); });
+
+    ShowSplash(ws);
+    splash.applyAll();
+    QCoreApplication::processEvents();
+    MainWindowLoad(ws);
+    LoadSettings(ws);
+    UnloadSplash(ws);
+    mainWindow.applyAll();
+    ws.TimerHide.setEnabled(true);
+
+    if (ws.Unloaded) return 0;
+    return QApplication::exec();
+}
+
+} // namespace pd

@@ -1,0 +1,82 @@
+#pragma once
+// A platform for headless tests: records every call and answers message boxes from a script.
+
+#include "platform/Platform.h"
+
+#include <QSize>
+
+#include <deque>
+#include <map>
+#include <vector>
+
+namespace pd::test {
+
+struct ShownMessage {
+    QString text;
+    int style;
+    QString title;
+};
+
+class FakePlatform : public Platform {
+public:
+    // Answers for the coming message boxes, in order; when none is left the answer is No (or OK).
+    std::deque<int> answers;
+    std::vector<ShownMessage> messages;
+    std::vector<QString> opened;
+    std::vector<std::pair<QString, QStringList>> started;
+    QString programDir;
+    QString dataDir;
+    QString executable = QStringLiteral("/opt/perchdock/perchdock");
+    float screenW = 1920 * 15.0f;
+    float screenH = 1080 * 15.0f;
+    QPoint cursor;
+    // Image files and their natural sizes; files not listed do not load.
+    std::map<QString, QSize> images;
+    bool trayShown = false;
+    bool hotKeyRegistered = false;
+    bool otherInstance = false;
+    int toggleRequests = 0;
+    int doEventsCalls = 0;
+
+    int messageBox(const QString& text, int style, const QString& title) override {
+        messages.push_back({text, style, title});
+        if (!answers.empty()) {
+            const int a = answers.front();
+            answers.pop_front();
+            return a;
+        }
+        return (style & 7) == MsgStyle::OkOnly ? MsgAnswer::Ok : MsgAnswer::No;
+    }
+    float twipsPerPixelX() const override { return 15; }
+    float twipsPerPixelY() const override { return 15; }
+    float screenWidth() const override { return screenW; }
+    float screenHeight() const override { return screenH; }
+    QPoint cursorPos() const override { return cursor; }
+    QSize imageSize(const QString& path) const override {
+        auto it = images.find(path);
+        return it == images.end() ? QSize() : it->second;
+    }
+    QString programDirectory() const override { return programDir; }
+    QString userDataDirectory() const override { return dataDir; }
+    QString programExecutable() const override { return executable; }
+    bool openUrl(const QString& target) override {
+        opened.push_back(target);
+        return true;
+    }
+    bool startDetached(const QString& program, const QStringList& args) override {
+        started.emplace_back(program, args);
+        return true;
+    }
+    void showTrayIcon(const QString&) override { trayShown = true; }
+    void removeTrayIcon() override { trayShown = false; }
+    bool registerHotKey() override { return hotKeyRegistered = true; }
+    void unregisterHotKey() override { hotKeyRegistered = false; }
+    bool claimSingleInstance() override { return !otherInstance; }
+    bool askRunningInstanceToToggle() override {
+        ++toggleRequests;
+        return otherInstance;
+    }
+    void doEvents() override { ++doEventsCalls; }
+};
+
+} // namespace pd::test
