@@ -36,8 +36,21 @@ void ShowSplash(Workspace& ws) {
     s.lblVersion(0).Caption = VersionText();
     s.Label2(0).Visible = false;
     Element& form = s.frmSplash(0);
+    // The splash's design: the program's name, the version and the status line on the desk colour.
+    form.Caption = QString::fromLatin1(kProgramTitle);
+    form.BackColor = 0x954815;
+    form.ForeColor = 0xFFFFFF;
     form.Width = 6000;
-    form.Height = 3000;
+    form.Height = 2700;
+    s.lblVersion(0).Move(360, 1380, 3000, 300);
+    s.lblLoad(0).Move(360, 2040, 5300, 300);
+    s.ImgRSS(0).Move(5400, 2040, 240, 240);
+    s.lblUpdate(0).Visible = false;
+    for (ElementFamily* f : {&s.lblVersion, &s.lblLoad}) {
+        (*f)(0).ForeColor = 0xFFFFFF;
+        (*f)(0).FontSize = 9;
+        (*f)(0).Visible = true;
+    }
     form.Left = (ws.platform.screenWidth() - form.Width) / 2;
     form.Top = (ws.platform.screenHeight() - form.Height) / 2;
     form.Enabled = false;

@@ -5,6 +5,7 @@
 namespace pd {
 
 bool AddPicture(Workspace& ws, const QString& path, bool isReminder) {
+    if (ws.DeskObjectCount == INT16_MAX) return false; // the 16-bit count is used up
     const int j = ws.DeskObjectCount;
     if (static_cast<int>(ws.DeskObjects.size()) <= j) ws.DeskObjects.resize(static_cast<size_t>(j) + 1);
     Element& frame = ws.picPlaceholder.Load(j);

@@ -32,7 +32,7 @@ QWidget* ElementView::widget(const Element& e) const {
 
 void ElementView::create(Element& e) {
     if (windows_.count(&e) || widgets_.count(&e)) return;
-    auto* w = new ElementWidget(e, nullptr);
+    auto* w = new ElementWidget(e, &parking_);
     widgets_[&e] = w;
     if (onWidgetCreated) onWidgetCreated(*w);
 }
@@ -65,6 +65,7 @@ void ElementView::applyGeometry(Element& e, QWidget& w) {
 
 void ElementView::applyParent(Element& e, QWidget& w) {
     QWidget* parent = e.Container() ? widget(*e.Container()) : nullptr;
+    if (!parent) parent = &parking_;
     if (w.parentWidget() != parent) {
         w.setParent(parent);
         w.setVisible(e.Visible);
@@ -76,6 +77,11 @@ void ElementView::restack(Element& e) {
     // Siblings are kept in the order of their elements' stacking values.
     QWidget* w = widget(e);
     if (!w || !w->parentWidget()) return;
+    // The common case, a new element or one just brought forward, needs no search of its siblings.
+    if (e.isFrontmost()) {
+        w->raise();
+        return;
+    }
     for (QObject* o : w->parentWidget()->children()) {
         auto* sib = qobject_cast<ElementWidget*>(o);
         if (!sib || sib == w) continue;

@@ -41,6 +41,8 @@ private:
     void restack(Element& e);
 
     Workspace& ws_;
+    // Widgets whose element has no container wait here, hidden, so that none becomes a window of its own.
+    QWidget parking_;
     std::unordered_map<const Element*, QWidget*> windows_;
     std::unordered_map<const Element*, QPointer<QWidget>> widgets_;
 };

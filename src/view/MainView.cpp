@@ -88,6 +88,15 @@ void TopWindow::round() {
 void TopWindow::paintEvent(QPaintEvent*) {
     QPainter p(this);
     p.fillRect(rect(), ToQColor(e_.BackColor));
+    // A window with a caption of its own (the splash) shows it as its heading.
+    if (!e_.Caption.get().isEmpty()) {
+        QFont f(e_.FontName.get());
+        f.setPixelSize(std::max(12, height() / 5));
+        f.setBold(true);
+        p.setFont(f);
+        p.setPen(ToQColor(e_.ForeColor));
+        p.drawText(rect().adjusted(24, 16, -24, -height() / 2), Qt::AlignLeft | Qt::AlignVCenter, e_.Caption.get());
+    }
 }
 
 void TopWindow::moveEvent(QMoveEvent*) {

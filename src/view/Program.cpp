@@ -98,6 +98,9 @@ int RunProgram(int argc, char** argv) {
     InstallTerminationHandler([&ws] { UnloadMainWindow(ws); });
     QObject::connect(&app, &QGuiApplication::commitDataRequest, [&ws](QSessionManager&) { UnloadMainWindow(ws); });
 
+    ws.onStatusShown = [&splash] {
+        if (splash.isVisible()) splash.repaint();
+    };
     ShowSplash(ws);
     splash.applyAll();
     QCoreApplication::processEvents();

@@ -13,6 +13,8 @@ int64_t g_back = 0;
 
 Element::Element(ElementFamily* family, int index) : family_(family), index_(index), z_(++g_front) {}
 
+bool Element::isFrontmost() const { return z_ == g_front; }
+
 const QString& Element::Name() const { return family_->name(); }
 
 void Element::setContainer(Element* parent) {

@@ -83,6 +83,8 @@ public:
     // Bring to the front (0) or send to the back (1) among its siblings.
     void ZOrder(int position = 0);
     int64_t zValue() const { return z_; }
+    // Whether this element was the last brought to the front (or made) of all elements.
+    bool isFrontmost() const;
 
     void Move(float left, float top);
     void Move(float left, float top, float width, float height);

@@ -73,7 +73,10 @@ std::vector<ElementFamily*> Workspace::families() {
             &splash.ImgRSS, &splash.Label2, &splash.lblUpdate};
 }
 
-void Workspace::showStatus(const QString& text) { splash.lblLoad(0).Caption = text; }
+void Workspace::showStatus(const QString& text) {
+    splash.lblLoad(0).Caption = text;
+    if (onStatusShown) onStatusShown();
+}
 
 QString Workspace::dataFile(const QString& name) const { return QDir(DataPath).filePath(name); }
 

@@ -149,6 +149,8 @@ public:
     QString dataFile(const QString& name) const;
     QString programFile(const QString& name) const;
 
+    // Lets the view paint the splash's new status line at once, while the load still holds the thread.
+    std::function<void()> onStatusShown;
     // Asks the view to close the process's windows and quit; set by the view, null when headless.
     std::function<void()> onUnloaded;
 };
