@@ -8,7 +8,9 @@
 namespace pd {
 
 ElementView::ElementView(Workspace& ws, std::unordered_map<const Element*, QWidget*> windows)
-    : ws_(ws), windows_(std::move(windows)) {}
+    : ws_(ws), windows_(std::move(windows)) {
+    for (auto& [e, w] : windows_) const_cast<Element*>(e)->viewHandle = w;
+}
 
 ElementView::~ElementView() {
     if (ws_.sink == this) ws_.sink = nullptr;
@@ -24,16 +26,12 @@ void ElementView::attach() {
     ws_.sink = this;
 }
 
-QWidget* ElementView::widget(const Element& e) const {
-    if (auto it = windows_.find(&e); it != windows_.end()) return it->second;
-    auto it = widgets_.find(&e);
-    return it == widgets_.end() ? nullptr : it->second.data();
-}
+QWidget* ElementView::widget(const Element& e) const { return static_cast<QWidget*>(e.viewHandle); }
 
 void ElementView::create(Element& e) {
-    if (windows_.count(&e) || widgets_.count(&e)) return;
+    if (e.viewHandle) return;
     auto* w = new ElementWidget(e, &parking_);
-    widgets_[&e] = w;
+    e.viewHandle = w;
     if (onWidgetCreated) onWidgetCreated(*w);
 }
 

@@ -44,7 +44,6 @@ private:
     // Widgets whose element has no container wait here, hidden, so that none becomes a window of its own.
     QWidget parking_;
     std::unordered_map<const Element*, QWidget*> windows_;
-    std::unordered_map<const Element*, QPointer<QWidget>> widgets_;
 };
 
 } // namespace pd

@@ -20,6 +20,10 @@ ElementWidget::ElementWidget(Element& e, QWidget* parent) : QWidget(parent), e_(
     setAccessibleName(e.Caption.get());
 }
 
+ElementWidget::~ElementWidget() {
+    if (e_.viewHandle == this) e_.viewHandle = nullptr;
+}
+
 void ElementWidget::reloadPicture() {
     picture_ = e_.Picture.get().isEmpty() ? QPixmap() : QPixmap(e_.Picture.get());
     update();

@@ -14,6 +14,7 @@ class ElementWidget : public QWidget {
     Q_OBJECT
 public:
     ElementWidget(Element& e, QWidget* parent);
+    ~ElementWidget() override;
     Element& element() const { return e_; }
     // Rebuilds the cached picture after the element's Picture changed.
     void reloadPicture();

@@ -120,6 +120,9 @@ public:
 
     void notify(Prop p);
 
+    // The view's own handle for this element (its widget); the core never reads it.
+    void* viewHandle = nullptr;
+
 private:
     ElementFamily* family_;
     int index_;
