@@ -58,14 +58,8 @@ void TopWindow::apply(Prop p) {
         else if (e_.WindowState == 2) s |= Qt::WindowMaximized;
         const bool wasMaximised = windowState() & Qt::WindowMaximized;
         if (s != windowState()) setWindowState(s);
-        if (e_.WindowState == 0 && wasMaximised) {
-            // The normal place is known at once, before the window manager has restored the window.
-            const QRect n = normalGeometry();
-            e_.Left.setFromView(static_cast<float>(n.x()) * ws_.TwipsPerPixelX());
-            e_.Top.setFromView(static_cast<float>(n.y()) * ws_.TwipsPerPixelY());
-            e_.Width.setFromView(static_cast<float>(n.width()) * ws_.TwipsPerPixelX());
-            e_.Height.setFromView(static_cast<float>(n.height()) * ws_.TwipsPerPixelY());
-        }
+        // The normal place is known at once, before the window manager has restored the window.
+        if (e_.WindowState == 0 && wasMaximised) follow(normalGeometry());
         if (e_.WindowState == 0) applyGeometry();
         break;
     }
@@ -99,19 +93,28 @@ void TopWindow::paintEvent(QPaintEvent*) {
     }
 }
 
+void TopWindow::follow(const QRect& px) {
+    // A value changes only where the pixels differ from the element's own twips, so that a window
+    // that did not move keeps its stored place to the twip.
+    const float tx = ws_.TwipsPerPixelX(), ty = ws_.TwipsPerPixelY();
+    auto take = [](Property<float>& v, int pixels, float perPixel) {
+        if (std::lround(v / perPixel) != pixels) v.setFromView(static_cast<float>(pixels) * perPixel);
+    };
+    take(e_.Left, px.x(), tx);
+    take(e_.Top, px.y(), ty);
+    take(e_.Width, px.width(), tx);
+    take(e_.Height, px.height(), ty);
+}
+
 void TopWindow::moveEvent(QMoveEvent*) {
     if (settling() || !isVisible() || (windowState() & Qt::WindowMinimized)) return;
-    e_.Left.setFromView(static_cast<float>(x()) * ws_.TwipsPerPixelX());
-    e_.Top.setFromView(static_cast<float>(y()) * ws_.TwipsPerPixelY());
+    follow(geometry());
 }
 
 void TopWindow::resizeEvent(QResizeEvent*) {
     round();
     if (settling() || !isVisible()) return;
-    if (!(windowState() & Qt::WindowMinimized)) {
-        e_.Width.setFromView(static_cast<float>(width()) * ws_.TwipsPerPixelX());
-        e_.Height.setFromView(static_cast<float>(height()) * ws_.TwipsPerPixelY());
-    }
+    if (!(windowState() & Qt::WindowMinimized)) follow(geometry());
     if (&e_ == &ws_.frmMain(0)) MainWindowResize(ws_);
 }
 

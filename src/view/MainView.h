@@ -34,6 +34,8 @@ private:
     // (for example keeping a window on the screen) is not taken back into the element.
     bool settling() const;
     void applyGeometry();
+    // Takes a place and size in pixels, given by the window manager or the user, into the element.
+    void follow(const QRect& px);
     void round();
 
     Workspace& ws_;
