@@ -102,11 +102,12 @@ void ApplyCollected(Workspace& ws, const LoadState& st) {
 void ReadWorkspaceLines(Workspace& ws, const QStringList& lines, LoadState& st) {
     static const std::unordered_map<QString, const SettingRow*> byKey = [] {
         std::unordered_map<QString, const SettingRow*> m;
-        for (const SettingRow& r : SettingRows()) m.emplace(QString::fromLatin1(r.key), &r);
+        for (const SettingRow& r : SettingRows())
+            if (r.read) m.emplace(QString::fromLatin1(r.key), &r);
         return m;
     }();
     LineReader in(lines);
-    const QString version = in.next().value_or(QString()).trimmed();
+    const QString version = TrimBlanks(in.next().value_or(QString()));
     Element& back = ws.picBack(0);
     while (auto line = in.next()) {
         const QString& key = *line;
@@ -118,10 +119,10 @@ void ReadWorkspaceLines(Workspace& ws, const QStringList& lines, LoadState& st) 
         } else if (key == QLatin1String("[Link]")) {
             ReadLinkRecord(ws, in, version, back);
         } else if (key == QLatin1String("[RSS Search0]")) {
-            if (auto v = in.next()) ws.menus("mnuRSSSearchItem", 0).setCaption(v->trimmed());
-        } else if (key.startsWith(QLatin1String("[RSS Search")) && key.size() == 13 && key[11].isDigit() &&
-                   key[12] == QLatin1Char(']')) {
-            if (auto v = in.next()) LoadRSSSearchMenuItem(ws, key[11].digitValue(), *v);
+            if (auto v = in.next()) ws.menus("mnuRSSSearchItem", 0).setCaption(TrimBlanks(*v));
+        } else if (key.size() == 13 && key.startsWith(QLatin1String("[RSS Search")) && key[11] >= QLatin1Char('1') &&
+                   key[11] <= QLatin1Char('9') && key[12] == QLatin1Char(']')) {
+            if (auto v = in.next()) LoadRSSSearchMenuItem(ws, key[11].unicode() - '0', *v);
         } else if (auto it = byKey.find(key); it != byKey.end()) {
             if (auto v = in.next()) it->second->read(ws, *v, st);
         }

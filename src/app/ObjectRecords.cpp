@@ -127,7 +127,8 @@ void ReadReminderRecord(Workspace& ws, LineReader& in, const QString& version) {
             note += *line + QLatin1String("\r\n");
         }
         note = TrimAll(note);
-        path = Or(in.pair());
+        // A record cut short keeps the default icon.
+        if (auto p = in.pair()) path = *p;
     } else {
         note = Or(in.next());
     }

@@ -36,7 +36,9 @@ void mnuSave_Click(Workspace& ws) {
 
 void mnuReload_Click(Workspace& ws) {
     const QString helper = ws.programFile(QString::fromLatin1(kReloaderName));
-    if (!QFileInfo(helper).isFile()) {
+    // A helper that cannot be run is as good as missing: the program would end and not come back.
+    const QFileInfo info(helper);
+    if (!info.isFile() || !info.isExecutable()) {
         ws.platform.messageBox(QStringLiteral("Can't find: ") + helper + QStringLiteral(". Please reinstall the program."),
                                MsgStyle::ExclamationBox);
         return;

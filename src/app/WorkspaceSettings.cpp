@@ -20,10 +20,13 @@ Row CheckRow(const char* key, const char* menu) {
             }};
 }
 
-// A row written with a fixed text whose value is read and dropped.
-Row FixedRow(const char* key, const char* text) {
+// A row written with a fixed text. Its value is read and dropped; a row that is no key of the reader
+// has no read at all, so that its key and value lines are skipped as unknown lines.
+Row FixedRow(const char* key, const char* text, bool read = true) {
     const QString t = QString::fromLatin1(text);
-    return {key, [t](Workspace&, SaveState&) { return t; }, [](Workspace&, const QString&, LoadState&) {}};
+    Row row{key, [t](Workspace&, SaveState&) { return t; }, nullptr};
+    if (read) row.read = [](Workspace&, const QString&, LoadState&) {};
+    return row;
 }
 
 // A colour (a long) kept in a variable or an element's colour.
@@ -56,7 +59,7 @@ Row ViewerRow(const char* key, int32_t Workspace::*field) {
 Row WindowRow(const char* key, std::optional<QString> LoadState::*slot, std::function<QString(Workspace&, SaveState&)> w,
               bool trimmed = true) {
     return {key, std::move(w), [slot, trimmed](Workspace&, const QString& v, LoadState& st) {
-                st.*slot = trimmed ? v.trimmed() : v;
+                st.*slot = trimmed ? TrimBlanks(v) : v;
             }};
 }
 
@@ -90,12 +93,12 @@ std::vector<Row> MakeRows() {
         CheckRow("[Animate Dock]", "mnuAnimateDock"),
         CheckRow("[Wide Docking Border]", "mnuWideDockingBorder"),
         CheckRow("[Undock Immediately]", "mnuUndockImmediately"),
-        FixedRow("[Taskbar]", "0"),
+        FixedRow("[Taskbar]", "0", false),
         {"[Buttons]", [](Workspace& ws, SaveState&) { return ws.ButtonSet; },
-         [](Workspace& ws, const QString& v, LoadState&) { ws.ButtonSet = v.trimmed(); }},
+         [](Workspace& ws, const QString& v, LoadState&) { ws.ButtonSet = TrimBlanks(v); }},
         WordRow("[Font Size]", &Workspace::LinkFontSize),
         {"[Font Name]", [](Workspace& ws, SaveState&) { return ws.LinkFontName; },
-         [](Workspace& ws, const QString& v, LoadState&) { ws.LinkFontName = v.trimmed(); }},
+         [](Workspace& ws, const QString& v, LoadState&) { ws.LinkFontName = TrimBlanks(v); }},
         WordRow("[Large Icon Size]", &Workspace::LargeIconSize),
         WindowRow("[LOCKED]", &LoadState::Locked,
                   [](Workspace& ws, SaveState&) { return FlagText(ws.menus["mnuLock"].Checked()); }),
@@ -160,12 +163,13 @@ std::vector<Row> MakeRows() {
         ViewerRow("[RSSViewerH]", &Workspace::RSSViewerH),
         {"[RSSUseProxy]",
          [](Workspace& ws, SaveState&) {
-             return ws.ProxyServer.trimmed().isEmpty() ? QStringLiteral("0") : ws.ProxyServer;
+             return TrimBlanks(ws.ProxyServer).isEmpty() ? QStringLiteral("0") : ws.ProxyServer;
          },
          [](Workspace& ws, const QString& v, LoadState&) {
-             ws.ProxyServer = v.trimmed();
+             ws.ProxyServer = TrimBlanks(v);
+             // "0" is what the writer stores for no server; an empty line names none either.
              if (ws.ProxyServer == QLatin1String("0")) ws.ProxyServer.clear();
-             else ws.menus["mnuRSSSetProxy"].setChecked(true);
+             if (!ws.ProxyServer.isEmpty()) ws.menus["mnuRSSSetProxy"].setChecked(true);
          }},
     };
     return rows;
@@ -180,7 +184,7 @@ const std::vector<SettingRow>& SettingRows() {
 
 void LoadRSSSearchMenuItem(Workspace& ws, int n, const QString& text) {
     MenuEntry& m = ws.menus.add(QStringLiteral("mnuRSSSearchItem"), QString(), QString(), n);
-    m.setCaption(text.trimmed());
+    m.setCaption(TrimBlanks(text));
     m.setVisible(true);
 }
 

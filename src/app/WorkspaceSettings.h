@@ -30,7 +30,8 @@ struct LoadState {
 struct SettingRow {
     const char* key;
     std::function<QString(Workspace&, SaveState&)> write;
-    // Takes the raw value line; a value that does not convert leaves the setting as it was.
+    // Takes the raw value line; a value that does not convert leaves the setting as it was. Empty for
+    // a key that the reader does not know.
     std::function<void(Workspace&, const QString&, LoadState&)> read;
 };
 
