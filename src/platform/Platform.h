@@ -59,6 +59,9 @@ public:
     // The pointer's position in screen pixels.
     virtual QPoint cursorPos() const = 0;
 
+    // The size in pixels of one line of text in a font (a label that sizes itself to its caption).
+    virtual QSize textExtent(const QString& text, const QString& fontName, float pointSize, bool bold) const = 0;
+
     // --- images ---
     // The natural size of an image file in pixels; an invalid size when it cannot be read.
     virtual QSize imageSize(const QString& path) const = 0;

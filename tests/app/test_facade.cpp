@@ -139,3 +139,20 @@ TEST(ManualClock, ATimerThatStopsItselfFiresOnceAndNowMovesWithTicks) {
     EXPECT_EQ(n, 1);
     EXPECT_EQ(clock.now(), QDateTime(QDate(2026, 3, 1), QTime(8, 0, 10)));
 }
+
+#include "shortcuts/Shortcuts.h"
+#include "support/TestWorkspace.h"
+
+TEST(Workspace, AShortcutLabelSizesItselfToItsCaption) {
+    pd::test::TestWorkspace t;
+    Workspace& ws = *t.ws;
+    AddURL(ws, QStringLiteral("http://example.com/"), QStringLiteral("Example"), ws.picBack(0));
+    Element& label = ws.Link(0);
+    const QSize px = t.platform.textExtent(QStringLiteral("Example"), label.FontName, label.FontSize, false);
+    EXPECT_EQ(label.Width.get(), px.width() * 15.0f);
+    EXPECT_EQ(label.Height.get(), px.height() * 15.0f);
+    label.FontBold = true;
+    EXPECT_EQ(label.Width.get(), t.platform.textExtent(QStringLiteral("Example"), label.FontName, label.FontSize, true).width() * 15.0f);
+    label.Caption = QStringLiteral("A much longer caption");
+    EXPECT_GT(label.Width.get(), px.width() * 15.0f);
+}

@@ -5,6 +5,8 @@
 
 #include <QSize>
 
+#include <cmath>
+
 #include <deque>
 #include <map>
 #include <vector>
@@ -55,6 +57,12 @@ public:
     QSize imageSize(const QString& path) const override {
         auto it = images.find(path);
         return it == images.end() ? QSize() : it->second;
+    }
+    // Text measures as a plain fixed-pitch font would: 0.6 em a character, 1.6 em a line.
+    QSize textExtent(const QString& text, const QString&, float pointSize, bool bold) const override {
+        const double em = pointSize * 96.0 / 72.0;
+        return QSize(static_cast<int>(std::ceil(text.size() * em * (bold ? 0.65 : 0.6))),
+                     static_cast<int>(std::ceil(em * 1.6)));
     }
     QString programDirectory() const override { return programDir; }
     QString userDataDirectory() const override { return dataDir; }

@@ -59,6 +59,7 @@ void Element::copyDesignFrom(const Element& o) {
     Picture = o.Picture.get();
     Stretch = o.Stretch.get();
     BackStyle = o.BackStyle.get();
+    AutoSize = o.AutoSize.get();
     Visible = false;
     setContainer(o.Container());
 }

@@ -33,6 +33,7 @@ enum class Prop : uint8_t {
     WindowState,
     Stretch,
     BackStyle,
+    AutoSize,
     Parent,
     ZOrder,
 };
@@ -111,6 +112,8 @@ public:
     Property<bool> Stretch{this, Prop::Stretch};
     // 1 paints BackColor behind the element; 0 leaves it transparent (labels).
     Property<int> BackStyle{this, Prop::BackStyle, 1};
+    // A label that sizes itself to its caption: Width and Height follow the text and the font.
+    Property<bool> AutoSize{this, Prop::AutoSize};
     // For windows: 0 normal, 1 minimised, 2 maximised.
     Property<int> WindowState{this, Prop::WindowState, 0};
 

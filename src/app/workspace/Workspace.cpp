@@ -20,6 +20,7 @@ Workspace::Workspace(Platform& p, Clock& c) : platform(p), clock(c) {
     // The design of the main window: the background fills it, the title band and its caption on top.
     Element& win = frmMain(0);
     win.Visible = false;
+    win.BackColor = 0x290700;
     for (ElementFamily* f : {&picBack, &picMoveMe, &lblCaption, &lblVersion, &PicDock, &PicLockToolbar,
                              &PicUnLockToolbar, &PicJumpToLink, &PicJumpToLinkTop})
         (*f)(0).setContainer(&win);
@@ -52,6 +53,9 @@ Workspace::Workspace(Platform& p, Clock& c) : platform(p), clock(c) {
     for (ElementFamily* f : {&lblCaption, &lblVersion, &lblName, &Link, &lblRSSLastUpdate, &lblRSSRefresh,
                              &splash.lblVersion, &splash.lblLoad, &splash.Label2, &splash.lblUpdate})
         (*f)(0).BackStyle = 0;
+    Link(0).AutoSize = true;
+    // The toolbar buttons show only their images (drawn over the background).
+    for (ElementFamily* f : {&PicDock, &PicLockToolbar, &PicUnLockToolbar}) (*f)(0).BackStyle = 0;
     imgBack(0).Stretch = true;
     imgBack(0).BackStyle = 0;
     imgPicture(0).Stretch = true;
@@ -71,6 +75,22 @@ std::vector<ElementFamily*> Workspace::families() {
             &LstRSS,        &lblRSSLastUpdate, &Link,    &PicIcon,          &picPlaceholder,
             &picTemp,       &imgPicture, &splash.frmSplash, &splash.lblVersion, &splash.lblLoad,
             &splash.ImgRSS, &splash.Label2, &splash.lblUpdate};
+}
+
+void Workspace::Dispatch::elementLoaded(Element& e) {
+    if (ws->sink) ws->sink->elementLoaded(e);
+}
+
+void Workspace::Dispatch::elementChanged(Element& e, Prop p) {
+    const bool textChanged = p == Prop::Caption || p == Prop::FontSize || p == Prop::FontName ||
+                             p == Prop::FontBold || p == Prop::AutoSize;
+    if (e.AutoSize && textChanged) {
+        // Setting Width and Height reports them to the view on their own.
+        const QSize px = ws->platform.textExtent(e.Caption.get(), e.FontName.get(), e.FontSize, e.FontBold);
+        e.Width = static_cast<float>(px.width()) * ws->TwipsPerPixelX();
+        e.Height = static_cast<float>(px.height()) * ws->TwipsPerPixelY();
+    }
+    if (ws->sink) ws->sink->elementChanged(e, p);
 }
 
 void Workspace::showStatus(const QString& text) {

@@ -39,48 +39,62 @@ public:
     ElementSink* sink = nullptr;
     MenuSink* menuSink = nullptr;
 
+private:
+    // Every family reports to this dispatcher, which sizes self-sizing labels and passes each change
+    // on to `sink`.
+    struct Dispatch : ElementSink {
+        Workspace* ws;
+        explicit Dispatch(Workspace* w) : ws(w) {}
+        void elementLoaded(Element& e) override;
+        void elementChanged(Element& e, Prop p) override;
+    };
+    Dispatch dispatch_{this};
+    ElementSink* dispatchPtr_ = &dispatch_;
+
+public:
+
     // --- the main window and its single elements ---
-    ElementFamily frmMain{"frmMain", &sink, false};
-    ElementFamily picBack{"picBack", &sink, false};
-    ElementFamily imgBack{"imgBack", &sink, false};
-    ElementFamily picMoveMe{"picMoveMe", &sink, false};
-    ElementFamily lblCaption{"lblCaption", &sink, false};
-    ElementFamily lblVersion{"lblVersion", &sink, false};
-    ElementFamily PicDock{"PicDock", &sink, false};
-    ElementFamily PicLockToolbar{"PicLockToolbar", &sink, false};
-    ElementFamily PicUnLockToolbar{"PicUnLockToolbar", &sink, false};
-    ElementFamily lblRSSRefresh{"lblRSSRefresh", &sink, false};
-    ElementFamily PicJumpToLink{"PicJumpToLink", &sink, false};
-    ElementFamily PicJumpToLinkTop{"PicJumpToLinkTop", &sink, false};
+    ElementFamily frmMain{"frmMain", &dispatchPtr_, false};
+    ElementFamily picBack{"picBack", &dispatchPtr_, false};
+    ElementFamily imgBack{"imgBack", &dispatchPtr_, false};
+    ElementFamily picMoveMe{"picMoveMe", &dispatchPtr_, false};
+    ElementFamily lblCaption{"lblCaption", &dispatchPtr_, false};
+    ElementFamily lblVersion{"lblVersion", &dispatchPtr_, false};
+    ElementFamily PicDock{"PicDock", &dispatchPtr_, false};
+    ElementFamily PicLockToolbar{"PicLockToolbar", &dispatchPtr_, false};
+    ElementFamily PicUnLockToolbar{"PicUnLockToolbar", &dispatchPtr_, false};
+    ElementFamily lblRSSRefresh{"lblRSSRefresh", &dispatchPtr_, false};
+    ElementFamily PicJumpToLink{"PicJumpToLink", &dispatchPtr_, false};
+    ElementFamily PicJumpToLinkTop{"PicJumpToLinkTop", &dispatchPtr_, false};
 
     // --- families of a container ---
-    ElementFamily Group{"Group", &sink};
-    ElementFamily grpBorder{"grpBorder", &sink};
-    ElementFamily lblName{"lblName", &sink};
-    ElementFamily groupName{"groupName", &sink};
-    ElementFamily chkFold{"chkFold", &sink};
-    ElementFamily chkUnfold{"chkUnfold", &sink};
-    ElementFamily picShrink{"picShrink", &sink};
-    ElementFamily ShrinkIcon{"ShrinkIcon", &sink};
-    ElementFamily txtNote{"txtNote", &sink};
-    ElementFamily picPin{"picPin", &sink};
-    ElementFamily picPinNote{"picPinNote", &sink};
-    ElementFamily picCopy1{"picCopy1", &sink};
-    ElementFamily picCopy2{"picCopy2", &sink};
+    ElementFamily Group{"Group", &dispatchPtr_};
+    ElementFamily grpBorder{"grpBorder", &dispatchPtr_};
+    ElementFamily lblName{"lblName", &dispatchPtr_};
+    ElementFamily groupName{"groupName", &dispatchPtr_};
+    ElementFamily chkFold{"chkFold", &dispatchPtr_};
+    ElementFamily chkUnfold{"chkUnfold", &dispatchPtr_};
+    ElementFamily picShrink{"picShrink", &dispatchPtr_};
+    ElementFamily ShrinkIcon{"ShrinkIcon", &dispatchPtr_};
+    ElementFamily txtNote{"txtNote", &dispatchPtr_};
+    ElementFamily picPin{"picPin", &dispatchPtr_};
+    ElementFamily picPinNote{"picPinNote", &dispatchPtr_};
+    ElementFamily picCopy1{"picCopy1", &dispatchPtr_};
+    ElementFamily picCopy2{"picCopy2", &dispatchPtr_};
     // Feed elements, indexed by a container's FeedIndex.
-    ElementFamily LstRSS{"LstRSS", &sink};
-    ElementFamily lblRSSLastUpdate{"lblRSSLastUpdate", &sink};
+    ElementFamily LstRSS{"LstRSS", &dispatchPtr_};
+    ElementFamily lblRSSLastUpdate{"lblRSSLastUpdate", &dispatchPtr_};
 
     // --- families of a shortcut (numbered apart, joined by IconIndex) ---
-    ElementFamily Link{"Link", &sink};
-    ElementFamily PicIcon{"PicIcon", &sink};
+    ElementFamily Link{"Link", &dispatchPtr_};
+    ElementFamily PicIcon{"PicIcon", &dispatchPtr_};
 
     // --- families of a picture or reminder ---
-    ElementFamily picPlaceholder{"picPlaceholder", &sink};
-    ElementFamily picTemp{"picTemp", &sink};
-    ElementFamily imgPicture{"imgPicture", &sink};
+    ElementFamily picPlaceholder{"picPlaceholder", &dispatchPtr_};
+    ElementFamily picTemp{"picTemp", &dispatchPtr_};
+    ElementFamily imgPicture{"imgPicture", &dispatchPtr_};
 
-    SplashForm splash{&sink};
+    SplashForm splash{&dispatchPtr_};
 
     // Every family, for the view to mirror and for loops that look for an element by name.
     std::vector<ElementFamily*> families();

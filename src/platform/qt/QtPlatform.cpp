@@ -7,6 +7,7 @@
 #include <QCursor>
 #include <QDesktopServices>
 #include <QDir>
+#include <QFontMetrics>
 #include <QImageReader>
 #include <QLocalServer>
 #include <QLocalSocket>
@@ -85,6 +86,13 @@ QSize QtPlatform::imageSize(const QString& path) const {
         s = img.isNull() ? QSize() : img.size();
     }
     return s;
+}
+
+QSize QtPlatform::textExtent(const QString& text, const QString& fontName, float pointSize, bool bold) const {
+    QFont f(fontName);
+    f.setPointSizeF(pointSize > 0 ? pointSize : 8);
+    f.setBold(bold);
+    return QFontMetrics(f).size(Qt::TextSingleLine, text);
 }
 
 QString QtPlatform::programDirectory() const { return QCoreApplication::applicationDirPath(); }

@@ -27,6 +27,7 @@ public:
     float screenHeight() const override;
     QPoint cursorPos() const override;
     QSize imageSize(const QString& path) const override;
+    QSize textExtent(const QString& text, const QString& fontName, float pointSize, bool bold) const override;
     QString programDirectory() const override;
     QString userDataDirectory() const override;
     QString programExecutable() const override;
