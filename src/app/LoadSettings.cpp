@@ -143,7 +143,7 @@ void LoadSettings(Workspace& ws) {
 
     LoadState st;
     const QString file = ws.dataFile(QString::fromLatin1(kWorkspaceFile));
-    if (QFileInfo(file).isFile()) {
+    if (!ws.DataPath.isEmpty() && QFileInfo(file).isFile()) {
         ws.showStatus(QStringLiteral("Loading Settings..."));
         // An unreadable file loads as an empty one: the window comes up with the defaults.
         ReadWorkspaceLines(ws, ReadTextLines(file).value_or(QStringList()), st);

@@ -13,7 +13,7 @@ namespace pd {
 
 void CheckRecoveryAtStart(Workspace& ws) {
     const QString rec = ws.dataFile(QString::fromLatin1(kRecoveryFile));
-    if (!QFileInfo(rec).isFile()) return;
+    if (ws.DataPath.isEmpty() || !QFileInfo(rec).isFile()) return;
     const QString text = QStringLiteral("RECOVERY: Perchdock was not closed properly. Load the newer backed-up recovery "
                                         "file?\r\n\r\nThe file name is Perchdock.REC");
     const int answer =

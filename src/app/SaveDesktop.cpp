@@ -64,6 +64,9 @@ QByteArray WorkspaceFileBytes(Workspace& ws, bool ForExit) {
 
 void SaveDesktop(Workspace& ws, bool ToRecovery, bool ForExit) {
     if (ws.IsLoading || ws.NoSave) return;
+    // Without a data directory there is no place for the files; a relative name would land in
+    // whatever folder the program was started from.
+    if (ws.DataPath.isEmpty()) return;
 
     SaveState st;
     st.forExit = ForExit;
