@@ -12,8 +12,10 @@ bool AddPicture(Workspace& ws, const QString& path, bool isReminder) {
     Element& image = ws.imgPicture.Load(j);
     Element& locked = ws.picTemp.Load(j);
     image.setContainer(&frame);
-    // A picture added from a container's menu goes into that container.
-    const bool fromContainer = ws.menus.has("mnuDeleteContainer") && ws.menus["mnuDeleteContainer"].Visible();
+    // A picture added from a container's menu goes into that container. No menu starts the additions of
+    // the load: their records say where they lie.
+    const bool fromContainer =
+        !ws.IsLoading && ws.menus.has("mnuDeleteContainer") && ws.menus["mnuDeleteContainer"].Visible();
     Element& owner = fromContainer ? ws.grpBorder(ws.SelectedContainer) : ws.picBack(0);
     frame.setContainer(&owner);
     locked.setContainer(&owner);

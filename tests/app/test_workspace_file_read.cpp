@@ -761,6 +761,27 @@ TEST(WorkspaceFileRead, APictureWhoseImageCannotLoadIsLeftOut) {
     EXPECT_FALSE(WorkspaceFileBytes(ws, false).contains("/gone.png"));
 }
 
+TEST(WorkspaceFileRead, PicturesAndRemindersOfTheFileLieOnTheBackgroundWhateverTheMenuShows) {
+    TestWorkspace t;
+    // A container's menu left showing must not pull the objects of the load into a container.
+    t.ws->menus.add(QStringLiteral("mnuDeleteContainer"), QStringLiteral("&Delete Container")).setVisible(true);
+    const QByteArray pic = MakeImage(t, t.dataFile(QStringLiteral("p.png"))).toUtf8();
+    const QByteArray clock = MakeImage(t, ProgramFile(t, "alarmclock.gif"), QSize(32, 32)).toUtf8();
+    StartWith(t, CrLf({"[1.05]", "[Picture]", "[Locked]", "0", "[PicX]", " 1 ", "[PicY]", " 2 ", "[PicW]", " 1740 ",
+                       "[PicH]", " 1440 ", "[PicPath]", pic.constData(), "TEMP", "TEMP", "TEMP", "TEMP", "[Reminder]",
+                       "[PicX]", " 1 ", "[PicY]", " 2 ", "[Date]", "Dec-25-2030", "[Time]", "08:05 PM", "[Note]", "n",
+                       "[END Note]", "[PicPath]", clock.constData(), "TEMP", "TEMP", "TEMP", "TEMP"}));
+    Workspace& ws = *t.ws;
+    ASSERT_EQ(ws.DeskObjectCount, 2);
+    for (int j = 0; j < 2; ++j) {
+        EXPECT_EQ(ws.picPlaceholder(j).Container(), &ws.picBack(0)) << j;
+        EXPECT_EQ(ws.picTemp(j).Container(), &ws.picBack(0)) << j;
+    }
+    const QByteArray file = WorkspaceFileBytes(ws, false);
+    EXPECT_TRUE(file.contains("[Picture]"));
+    EXPECT_TRUE(file.contains("[Reminder]"));
+}
+
 // --- reminders ---
 
 TEST(WorkspaceFileRead, ReminderNotesRunOverSeveralLinesAndAreTrimmed) {
