@@ -138,6 +138,7 @@ TEST(RecoverySaves, ACleanExitLeavesNoRecoveryFile) {
     StartProgram(t);
     t.ws->menus["mnuAlign"].Click();
     ASSERT_TRUE(t.dataExists(kRec));
+    EXPECT_FALSE(t.dataExists(kIni));
     t.exit();
     EXPECT_TRUE(t.dataExists(kIni));
     EXPECT_FALSE(t.dataExists(kRec));
