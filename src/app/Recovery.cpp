@@ -52,8 +52,14 @@ void mnuReload_Click(Workspace& ws) {
     QFile::remove(ws.dataFile(QString::fromLatin1(kRecoveryFile)));
     // The helper waits for this process to end before it starts the program again, so that the
     // single-instance test does not stop the new one.
-    ws.platform.startDetached(helper, {QString::number(QCoreApplication::applicationPid()),
-                                       ws.platform.programExecutable()});
+    if (!ws.platform.startDetached(helper, {QString::number(QCoreApplication::applicationPid()),
+                                            ws.platform.programExecutable()})) {
+        // A helper that cannot run would leave the user with no program at all: keep this one.
+        ws.platform.messageBox(QStringLiteral("Can't find: ") + helper + QStringLiteral(". Please reinstall the program."),
+                               MsgStyle::ExclamationBox);
+        EnableDisableTimerHide(ws, true);
+        return;
+    }
     ws.NoSave = true;
     UnloadMainWindow(ws);
 }

@@ -317,3 +317,19 @@ TEST(RecoveryReload, AnsweringYesRestartsWithoutSaving) {
     EXPECT_TRUE(t.ws->menus["mnuAlign"].Checked());
     EXPECT_FALSE(t.ws->menus["mnuShowTime"].Checked());
 }
+
+TEST(RecoveryReload, AHelperThatCannotStartKeepsTheProgramRunning) {
+    TestWorkspace t;
+    t.writeData(kIni, kCleanBytes);
+    const QString helper = MakeReloader(t);
+    StartProgram(t);
+    t.platform.startFails = true;
+    t.platform.answers = {MsgAnswer::Yes};
+    t.ws->menus["mnuReload"].Click();
+    ASSERT_EQ(t.platform.messages.size(), 2u);
+    EXPECT_EQ(t.platform.messages[1].text, QStringLiteral("Can't find: ") + helper + QStringLiteral(". Please reinstall the program."));
+    EXPECT_EQ(t.platform.messages[1].style, 4144);
+    EXPECT_FALSE(t.ws->NoSave);
+    EXPECT_FALSE(t.ws->Unloaded);
+    EXPECT_TRUE(t.ws->TimerHide.Enabled());
+}

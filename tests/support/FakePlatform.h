@@ -71,9 +71,11 @@ public:
         opened.push_back(target);
         return true;
     }
+    // When set, starting a program fails (the call is still recorded).
+    bool startFails = false;
     bool startDetached(const QString& program, const QStringList& args) override {
         started.emplace_back(program, args);
-        return true;
+        return !startFails;
     }
     void showTrayIcon(const QString&) override { trayShown = true; }
     void removeTrayIcon() override { trayShown = false; }
