@@ -210,7 +210,8 @@ void ReadLinkRecord(Workspace& ws, LineReader& in, const QString& version, Eleme
         }
     }
     if (confirm) SetIf(r.Confirm, ToBool(*confirm));
-    r.Size = static_cast<int16_t>(e.FontSize.get());
+    // A font size from the file that no 16-bit number holds leaves Size as it was.
+    SetIf(r.Size, RoundToWord(e.FontSize.get()));
     MoveLinkIcon(ws, L);
 }
 

@@ -1,5 +1,6 @@
 #include "shortcuts/Shortcuts.h"
 
+#include "app/files/Values.h"
 #include "app/workspace/Workspace.h"
 
 namespace pd {
@@ -61,7 +62,7 @@ void MoveLinkIcon(Workspace& ws, int n) {
     icon.setContainer(label.Container());
     const float w = 16 * ws.TwipsPerPixelX();
     icon.Move(label.Left - w - 2 * ws.TwipsPerPixelX(), label.Top, w, 16 * ws.TwipsPerPixelY());
-    ws.Links[n].Size = static_cast<int16_t>(label.FontSize.get());
+    SetIf(ws.Links[n].Size, RoundToWord(label.FontSize.get()));
 }
 
 void AddShortcut(Workspace& ws, QString Path, Element& Owner) {

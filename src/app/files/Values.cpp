@@ -74,14 +74,21 @@ std::optional<double> ParseNumber(const QString& text) {
 }
 
 namespace {
-template <typename T> std::optional<T> ToWhole(const QString& text, double lo, double hi) {
-    const auto v = ParseNumber(text);
-    if (!v) return std::nullopt;
-    const double r = std::nearbyint(*v); // the default rounding mode rounds halves to even
+template <typename T> std::optional<T> Whole(double v, double lo, double hi) {
+    if (!std::isfinite(v)) return std::nullopt;
+    const double r = std::nearbyint(v); // the default rounding mode rounds halves to even
     if (r < lo || r > hi) return std::nullopt;
     return static_cast<T>(r);
 }
+
+template <typename T> std::optional<T> ToWhole(const QString& text, double lo, double hi) {
+    const auto v = ParseNumber(text);
+    if (!v) return std::nullopt;
+    return Whole<T>(*v, lo, hi);
+}
 } // namespace
+
+std::optional<int16_t> RoundToWord(double v) { return Whole<int16_t>(v, -32768.0, 32767.0); }
 
 std::optional<int16_t> ToWord(const QString& text) { return ToWhole<int16_t>(text, -32768.0, 32767.0); }
 

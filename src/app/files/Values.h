@@ -27,6 +27,9 @@ std::optional<double> ParseNumber(const QString& text);
 // halves to even, as the stored files' original conversions did.
 std::optional<int16_t> ToWord(const QString& text);
 std::optional<int32_t> ToLong(const QString& text);
+// A number (a font size, a position) assigned to a 16-bit target: rounded, halves to even; nothing when
+// it does not fit, so that the target keeps its value, as a failed assignment leaves it.
+std::optional<int16_t> RoundToWord(double v);
 std::optional<float> ToSingle(const QString& text);
 // "True"/"False" in any case, or a number (non-zero is true).
 std::optional<bool> ToBool(const QString& text);
