@@ -1,6 +1,11 @@
 # Compiler warnings for every target of the project.
 function(perchdock_warnings target)
-  target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow=local -Wno-unused-parameter)
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wno-unused-parameter)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    target_compile_options(${target} PRIVATE -Wshadow=local)
+  else()
+    target_compile_options(${target} PRIVATE -Wshadow-uncaptured-local)
+  endif()
   if(PERCHDOCK_WERROR)
     target_compile_options(${target} PRIVATE -Werror)
   endif()

@@ -1,11 +1,332 @@
 #include "containers/ContainerFiles.h"
 
+#include "app/ObjectRecords.h"
+#include "app/WorkspaceFile.h"
+#include "app/files/TextFile.h"
+#include "app/files/Values.h"
+#include "app/workspace/Workspace.h"
+#include "containers/Containers.h"
+#include "containers/Folding.h"
+#include "containers/Shrinking.h"
+#include "themes/Buttons.h"
+#include "window/RelativeLayout.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
 namespace pd {
 
-// Containers cannot be created yet, so there is nothing to write; and files found on disk are left
-// exactly as they are, so that no container of the user's is lost before this program can show it.
-void WriteContainerFiles(Workspace&) {}
+namespace {
 
-void ReadContainerFiles(Workspace&) {}
+QString ContainersDir(const Workspace& ws) { return ws.dataFile(QStringLiteral("Containers")); }
+
+// "-1" on the background, else the index of the container it sits in, as a word.
+QString ParentText(Workspace& ws, int i) {
+    const Element* parent = ws.Group(i).Container();
+    if (!parent || parent->Name() != QLatin1String("Group")) return QStringLiteral("-1");
+    return WordText(static_cast<int16_t>(parent->Index()));
+}
+
+QByteArray ContainerFileBytes(Workspace& ws, int i) {
+    TextWriter out;
+    const ContainerRecord& r = ws.Containers[i];
+    out.line(QString::fromLatin1(kFileVersion));
+    if (r.IsFeed) {
+        out.line(QStringLiteral("[RSS]"));
+        out.line(r.CopyPath);
+        out.line(ws.lblName(i).Caption);
+        out.line(ParentText(ws, i));
+    } else {
+        out.pair(QStringLiteral("[Container]"), ParentText(ws, i));
+    }
+    out.pair(QStringLiteral("[Name]"), ws.lblName(i).Caption);
+    out.pair(QStringLiteral("[Backcolor]"), LongText(ws.grpBorder(i).BackColor));
+    out.pair(QStringLiteral("[Forecolor]"), LongText(ws.grpBorder(i).ForeColor));
+    out.pair(QStringLiteral("[Icon]"), r.IconPath);
+    out.pair(QStringLiteral("[CopyPath]"), r.CopyPath);
+    out.pair(QStringLiteral("[RefreshOnExpand]"), r.RefreshOnExpand ? QStringLiteral("True") : QStringLiteral("False"));
+    out.pair(QStringLiteral("[NOTE ON]"), FlagText(ws.txtNote(i).Visible));
+    out.line(QStringLiteral("[START Note]"));
+    // The note as it is stored: trimmed, its line breaks as CR LF; an empty note is one blank line.
+    QString note = TrimAll(ws.txtNote(i).Text);
+    note.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    note.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    note.replace(QLatin1Char('\n'), QLatin1String("\r\n"));
+    out.line(note);
+    out.line(QStringLiteral("[END Note]"));
+    const bool folded = ws.chkUnfold(i).Visible;
+    const bool shrunk = !ws.lblName(i).Visible;
+    out.pair(QStringLiteral("[Folded]"), FlagText(folded));
+    out.pair(QStringLiteral("[Flipped]"), FlagText(r.Flipped));
+    out.pair(QStringLiteral("[Shrink]"), FlagText(shrunk));
+    const Element& g = ws.Group(i);
+    out.pair(QStringLiteral("[X]"), SingleText(g.Left));
+    out.pair(QStringLiteral("[Y]"), SingleText(g.Top));
+    // A folded or shrunk container stores the size it opens to.
+    const bool open = !shrunk && !folded;
+    out.pair(QStringLiteral("[W]"), open ? SingleText(g.Width) : LongText(r.W));
+    out.pair(QStringLiteral("[H]"), open ? SingleText(g.Height) : LongText(r.H));
+    for (int j = 0; j < ws.picPlaceholder.Count(); ++j) {
+        if (!ws.picPlaceholder.exists(j) || j >= static_cast<int>(ws.DeskObjects.size())) continue;
+        if (ws.DeskObjects[j].IsReminder) continue;
+        if (!ws.picPlaceholder(j).Visible && !ws.picTemp(j).Visible) continue;
+        if (!InContainer(ws.picPlaceholder(j), i) || !InContainer(ws.picTemp(j), i)) continue;
+        WritePictureRecord(ws, out, j);
+    }
+    for (int k = 0; k < ws.Link.Count(); ++k) {
+        if (!ws.Link.exists(k) || k >= static_cast<int>(ws.Links.size())) continue;
+        if (ws.Links[k].LinkPath.isEmpty() || !InContainer(ws.Link(k), i)) continue;
+        WriteLinkRecord(ws, out, k);
+    }
+    return out.bytes();
+}
+
+QByteArray FileBytes(const QString& path) {
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+// Whether a nesting of `child` in `parent` would put a container inside itself.
+bool WouldLoop(Workspace& ws, int child, int parent) {
+    for (const Element* e = &ws.Group(parent); e; e = e->Container()) {
+        if (e->Name() == QLatin1String("Group") && e->Index() == child) return true;
+        if (e->Name() == QLatin1String("picBack")) break;
+    }
+    return false;
+}
+
+// The values a container file's key loop keeps for the steps at its end.
+struct Restore {
+    QString noteOn, folded, flipped, shrink;
+};
+
+void RestoreState(Workspace& ws, int n, const Restore& st) {
+    ContainerRecord& r = ws.Containers[n];
+    if (TrimBlanks(st.noteOn) == QLatin1String("1")) {
+        ws.txtNote(n).Visible = true;
+        ws.txtNote(n).ZOrder(0);
+        ws.picPin(n).Visible = true;
+        ws.picPinNote(n).Visible = false;
+    } else {
+        ws.txtNote(n).Visible = false;
+    }
+    const bool shrink = st.shrink == QLatin1String("1");
+    if (!(r.IsFeed && shrink)) SetObjectRelativeSize(ws, n);
+    if (shrink) ToggleShrink(ws, n);
+    else if (st.folded == QLatin1String("1")) FoldContainer(ws, n);
+    if (st.flipped == QLatin1String("1") && st.folded == QLatin1String("0") && TrimBlanks(st.shrink) == QLatin1String("0")) {
+        SetTitleEdge(ws, true, n);
+        r.Y = static_cast<int32_t>(ws.Group(n).Top + ws.Group(n).Height - 350);
+        r.Flipped = true;
+    }
+    if (r.IsFeed && ws.lblRSSLastUpdate.exists(r.FeedIndex)) {
+        if (TitleAtTop(ws, n)) ws.lblRSSLastUpdate(r.FeedIndex).Move(100, ws.grpBorder(n).Height - 250);
+        else ws.lblRSSLastUpdate(r.FeedIndex).Move(100, 60);
+    }
+}
+
+// A feed container as far as the program knows feeds: a container that keeps its address, so that
+// the feed survives every save.
+void AddFeedContainer(Workspace& ws, const QString& address, const QString& title, int16_t parent) {
+    NewGroup(ws, parent);
+    const int n = ws.ContainerCount - 1;
+    if (n < 0) return;
+    ContainerRecord& r = ws.Containers[n];
+    r.IsFeed = true;
+    r.CopyPath = address;
+    r.FeedIndex = ws.RSSCount;
+    ws.LstRSS.Load(ws.RSSCount).setContainer(&ws.grpBorder(n));
+    ws.lblRSSLastUpdate.Load(ws.RSSCount).setContainer(&ws.grpBorder(n));
+    ++ws.RSSCount;
+    ws.lblName(n).Caption = title;
+}
+
+int16_t ParentFrom(const QString& value) {
+    if (value == QLatin1String("-1")) return -1;
+    int16_t v = -1;
+    SetIf(v, ToWord(value));
+    return v;
+}
+
+void ReadContainerFile(Workspace& ws, const QStringList& lines) {
+    LineReader in(lines);
+    const QString version = in.next().value_or(QString()).trimmed();
+    int n = -1; // the container this file made
+    bool feed = false;
+    Restore st;
+    auto made = [&] { return n >= 0; };
+    while (auto line = in.next()) {
+        const QString& key = *line;
+        if (key == QLatin1String("[Container]")) {
+            const auto v = in.next();
+            if (!made() && v) {
+                NewGroup(ws, ParentFrom(*v));
+                n = ws.ContainerCount - 1;
+                if (made()) ws.Group(n).ZOrder(0);
+            }
+        } else if (key == QLatin1String("[RSS]")) {
+            feed = true;
+            if (!made()) {
+                const QString address = in.next().value_or(QString());
+                const QString title = in.next().value_or(QString());
+                if (!ws.menus["mnuRSSLoadOnStartup"].Checked()) ws.showStatus(title + QStringLiteral("..."));
+                const QString parent = in.next().value_or(QStringLiteral("-1"));
+                AddFeedContainer(ws, address, title, ParentFrom(parent));
+                n = ws.ContainerCount - 1;
+            }
+        } else if (!made()) {
+            continue; // a key before its container: nothing to apply it to
+        } else if (key == QLatin1String("[Name]")) {
+            if (auto v = in.next()) {
+                ws.lblName(n).Caption = *v;
+                if (!feed) ws.showStatus(QStringLiteral("Loading ") + *v + QStringLiteral("..."));
+            }
+        } else if (key == QLatin1String("[Forecolor]")) {
+            if (auto v = in.next(); v && ToLong(*v)) {
+                const int32_t c = *ToLong(*v);
+                ws.lblName(n).ForeColor = c;
+                ws.grpBorder(n).ForeColor = c;
+                if (feed && ws.RSSCount > 0) ws.lblRSSLastUpdate(ws.RSSCount - 1).ForeColor = c;
+            }
+        } else if (key == QLatin1String("[Backcolor]")) {
+            if (auto v = in.next(); v && ToLong(*v)) {
+                const int32_t c = *ToLong(*v);
+                ws.grpBorder(n).BackColor = c;
+                SetColors(ws, n, c);
+                if (feed && ws.RSSCount > 0) ws.LstRSS(ws.RSSCount - 1).BackColor = c;
+            }
+        } else if (key == QLatin1String("[Icon]")) {
+            const QString icon = in.next().value_or(QString()).trimmed();
+            if (icon.isEmpty()) continue;
+            if (!feed) {
+                AddShrinkIcon(ws, icon, n);
+            } else if (icon.contains(QLatin1String("favicon.ico"), Qt::CaseInsensitive)) {
+                const QString favicon = ws.dataFile(QStringLiteral("favicon.ico"));
+                if (QFileInfo::exists(favicon)) {
+                    AddShrinkIcon(ws, favicon, n);
+                    QFile::remove(favicon);
+                } else {
+                    AddShrinkIcon(ws, ws.programFile(QStringLiteral("rss.ico")), n);
+                }
+            } else {
+                AddShrinkIcon(ws, icon, n);
+            }
+        } else if (key == QLatin1String("[CopyPath]")) {
+            const QString path = in.next().value_or(QString());
+            // A folder that has gone is dropped without a word.
+            if (!feed && !path.trimmed().isEmpty() && QFileInfo(path.trimmed()).isDir()) {
+                ws.Containers[n].CopyPath = path;
+                ws.picCopy2(n).Visible = true;
+                ws.picCopy2(n).ToolTipText = QStringLiteral("Folder Link: ") + path;
+                ws.picCopy1(n).Visible = false;
+            }
+        } else if (key == QLatin1String("[RefreshOnExpand]")) {
+            if (auto v = in.next(); v && !v->isEmpty()) SetIf(ws.Containers[n].RefreshOnExpand, ToBool(*v));
+        } else if (key == QLatin1String("[X]")) {
+            if (auto v = in.next()) {
+                if (auto x = ToSingle(*v)) {
+                    const float left = *x < 0 ? 0.0f : *x;
+                    ws.Group(n).Left = left;
+                    ws.Containers[n].X = static_cast<int32_t>(left);
+                }
+            }
+        } else if (key == QLatin1String("[Y]")) {
+            if (auto v = in.next(); v && ToSingle(*v)) {
+                ws.Group(n).Top = *ToSingle(*v);
+                ws.Containers[n].Y = static_cast<int32_t>(*ToSingle(*v));
+            }
+        } else if (key == QLatin1String("[W]")) {
+            if (auto v = in.next(); v && ToSingle(*v)) {
+                ws.Group(n).Width = *ToSingle(*v);
+                ws.Containers[n].W = static_cast<int32_t>(*ToSingle(*v));
+            }
+        } else if (key == QLatin1String("[H]")) {
+            if (auto v = in.next(); v && ToSingle(*v)) {
+                ws.Group(n).Height = *ToSingle(*v);
+                ws.Containers[n].H = static_cast<int32_t>(*ToSingle(*v));
+            }
+        } else if (key == QLatin1String("[NOTE ON]")) {
+            st.noteOn = in.next().value_or(QString());
+        } else if (key == QLatin1String("[Folded]")) {
+            st.folded = in.next().value_or(QString());
+        } else if (key == QLatin1String("[Flipped]")) {
+            st.flipped = in.next().value_or(QString());
+        } else if (key == QLatin1String("[Shrink]")) {
+            st.shrink = in.next().value_or(QString());
+        } else if (key == QLatin1String("[START Note]")) {
+            QString text = ws.txtNote(n).Text;
+            while (auto l = in.next()) {
+                if (*l == QLatin1String("[END Note]")) break;
+                text += *l + QLatin1String("\r\n");
+            }
+            ws.txtNote(n).Text = text;
+        } else if (key == QLatin1String("[Picture]")) {
+            ReadPictureRecord(ws, in, ws.grpBorder(n));
+        } else if (key == QLatin1String("[Link]")) {
+            ReadLinkRecord(ws, in, version, ws.grpBorder(n));
+        }
+    }
+    if (made()) RestoreState(ws, n, st);
+}
+
+} // namespace
+
+void WriteContainerFiles(Workspace& ws) {
+    const QDir dir(ContainersDir(ws));
+    if (ws.DataPath.isEmpty()) return;
+    if (!dir.exists()) QDir().mkpath(dir.path());
+    QStringList written;
+    int counter = 0;
+    for (int i = 0; i < ws.Group.Count(); ++i) {
+        if (!ws.Group.exists(i) || i >= static_cast<int>(ws.Containers.size())) continue;
+        if (ws.Containers[i].TagHidden) ws.Group(i).Visible = true;
+        if (!ws.Group(i).Visible) continue;
+        const QString name = QString::number(counter++) + QStringLiteral(".con");
+        written << name;
+        const QString path = dir.filePath(name);
+        const QByteArray bytes = ContainerFileBytes(ws, i);
+        // A file is replaced only when its bytes change, and then atomically.
+        if (FileBytes(path) != bytes) WriteFileAtomically(path, bytes);
+    }
+    // Files no longer needed go last, so that a crash before this point loses nothing.
+    for (const QString& old : dir.entryList({QStringLiteral("*.con")}, QDir::Files))
+        if (!written.contains(old)) QFile::remove(dir.filePath(old));
+}
+
+void ReadContainerFiles(Workspace& ws) {
+    const QDir dir(ContainersDir(ws));
+    if (ws.DataPath.isEmpty() || !dir.exists()) return;
+    for (int n = 0;; ++n) {
+        const QString path = dir.filePath(QString::number(n) + QStringLiteral(".con"));
+        if (!QFileInfo(path).isFile()) break; // a gap in the numbering ends the load
+        ReadContainerFile(ws, ReadTextLines(path).value_or(QStringList()));
+    }
+    // The nesting pass: each container goes into the one its file named.
+    for (int i = 0; i < ws.Group.Count() && i < static_cast<int>(ws.Containers.size()); ++i) {
+        if (!ws.Group.exists(i)) continue;
+        const int p = ws.Containers[i].ParentIndex;
+        if (p == -1 || p == i || !ws.Group.exists(p) || WouldLoop(ws, i, p)) continue;
+        ws.Group(i).setContainer(&ws.Group(p));
+    }
+}
+
+void mnuCaptureContainers_Click(Workspace& ws) {
+    MenuEntry& m = ws.menus["mnuCaptureContainers"];
+    m.setChecked(!m.Checked());
+    if (!m.Checked()) {
+        for (int i = 0; i < ws.Group.Count(); ++i) {
+            if (!IsContainerLive(ws, i)) continue;
+            Element& g = ws.Group(i);
+            Element* parent = g.Container();
+            if (!parent || parent->Name() != QLatin1String("Group")) continue;
+            g.Left = g.Left + parent->Left;
+            g.Top = g.Top + parent->Top;
+            g.setContainer(&ws.picBack(0));
+            ws.Containers[i].ParentIndex = -1;
+        }
+    }
+    SaveDesktop(ws, true, false);
+}
 
 } // namespace pd

@@ -7,7 +7,9 @@ class Workspace;
 
 // Rewrites the container files from the live containers (the last step of every save).
 void WriteContainerFiles(Workspace& ws);
-// Reads the container files after the workspace file.
+// Reads the container files after the workspace file, then nests the containers.
 void ReadContainerFiles(Workspace& ws);
+// "&Capture/Nested Containers": switching it off takes every nested container out onto the background.
+void mnuCaptureContainers_Click(Workspace& ws);
 
 } // namespace pd

@@ -79,6 +79,10 @@ public:
     // Starts a program detached with its arguments. Returns true when it started.
     virtual bool startDetached(const QString& program, const QStringList& args) = 0;
 
+    // --- sounds ---
+    // Starts a sound file and returns at once; a missing file plays nothing.
+    virtual void playSound(const QString& path) = 0;
+
     // --- tray and hot key ---
     virtual void showTrayIcon(const QString& tip) = 0;
     virtual void removeTrayIcon() = 0;

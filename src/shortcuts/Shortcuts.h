@@ -17,6 +17,8 @@ void AddURL(Workspace& ws, QString Address, const QString& Label, Element& Owner
 QString ResolveLinkTarget(const QString& Path);
 // The label for a path: what follows its last separator; a 3-character path names itself.
 QString GetFileName(const QString& Path);
+// Empties the slot of shortcut n: no path, no caption, no icon. The index is not reused.
+void RemoveLink(Workspace& ws, int n);
 // Puts the icon of shortcut n beside its label.
 void MoveLinkIcon(Workspace& ws, int n);
 

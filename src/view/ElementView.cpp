@@ -45,7 +45,10 @@ void ElementView::applyAll(Element& e) {
     if (!w) return;
     if (!windows_.count(&e)) applyParent(e, *w);
     applyGeometry(e, *w);
-    if (auto* ew = qobject_cast<ElementWidget*>(w)) ew->reloadPicture();
+    if (auto* ew = qobject_cast<ElementWidget*>(w)) {
+        ew->reloadPicture();
+        ew->setCornerRadius(e.CornerRadius);
+    }
     w->setToolTip(e.ToolTipText.get());
     w->setEnabled(e.Enabled);
     w->setAccessibleName(e.Caption.get());
@@ -115,6 +118,9 @@ void ElementView::elementChanged(Element& e, Prop p) {
         if (!windows_.count(&e)) applyParent(e, *w);
         break;
     case Prop::ZOrder: restack(e); break;
+    case Prop::CornerRadius:
+        if (auto* ew = qobject_cast<ElementWidget*>(w)) ew->setCornerRadius(e.CornerRadius);
+        break;
     case Prop::Caption:
         w->setAccessibleName(e.Caption.get());
         w->update();

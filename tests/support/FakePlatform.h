@@ -77,6 +77,8 @@ public:
         started.emplace_back(program, args);
         return !startFails;
     }
+    std::vector<QString> sounds;
+    void playSound(const QString& path) override { sounds.push_back(path); }
     void showTrayIcon(const QString&) override { trayShown = true; }
     void removeTrayIcon() override { trayShown = false; }
     bool registerHotKey() override { return hotKeyRegistered = true; }

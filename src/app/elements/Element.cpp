@@ -60,6 +60,7 @@ void Element::copyDesignFrom(const Element& o) {
     Stretch = o.Stretch.get();
     BackStyle = o.BackStyle.get();
     AutoSize = o.AutoSize.get();
+    CornerRadius = o.CornerRadius.get();
     Visible = false;
     setContainer(o.Container());
 }

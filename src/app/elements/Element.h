@@ -34,6 +34,7 @@ enum class Prop : uint8_t {
     Stretch,
     BackStyle,
     AutoSize,
+    CornerRadius,
     Parent,
     ZOrder,
 };
@@ -114,6 +115,8 @@ public:
     Property<int> BackStyle{this, Prop::BackStyle, 1};
     // A label that sizes itself to its caption: Width and Height follow the text and the font.
     Property<bool> AutoSize{this, Prop::AutoSize};
+    // A rounded outline of this radius in pixels; 0 for square corners.
+    Property<int> CornerRadius{this, Prop::CornerRadius};
     // For windows: 0 normal, 1 minimised, 2 maximised.
     Property<int> WindowState{this, Prop::WindowState, 0};
 

@@ -26,8 +26,14 @@ Workspace::Workspace(Platform& p, Clock& c) : platform(p), clock(c) {
         (*f)(0).setContainer(&win);
     imgBack(0).setContainer(&picBack(0));
     lblRSSRefresh(0).setContainer(&picBack(0));
-    for (ElementFamily* f : {&PicLockToolbar, &PicUnLockToolbar, &PicJumpToLink, &PicJumpToLinkTop, &lblRSSRefresh})
+    for (ElementFamily* f : {&PicLockToolbar, &PicUnLockToolbar, &PicJumpToLink, &PicJumpToLinkTop, &lblRSSRefresh,
+                             &ImgLock})
         (*f)(0).Visible = false;
+    for (ElementFamily* f : {&PicShrinkExpandAllToolbar, &PicFoldUnfoldAllToolbar, &PicRSSRefreshALL, &ImgLock}) {
+        (*f)(0).setContainer(&picBack(0));
+        (*f)(0).BackStyle = 0;
+        (*f)(0).Stretch = true;
+    }
 
     // Member 0 of each object family exists from the start but shows nothing until an object uses it.
     for (ElementFamily* f : {&Group, &Link, &PicIcon, &picPlaceholder, &picTemp, &imgPicture, &LstRSS,
@@ -38,6 +44,7 @@ Workspace::Workspace(Platform& p, Clock& c) : platform(p), clock(c) {
     for (ElementFamily* f : {&lblName, &groupName, &chkFold, &chkUnfold, &picShrink, &ShrinkIcon, &txtNote, &picPin,
                              &picPinNote, &picCopy1, &picCopy2, &LstRSS, &lblRSSLastUpdate})
         (*f)(0).setContainer(&grpBorder(0));
+    ContainerDesign();
     Link(0).setContainer(&picBack(0));
     PicIcon(0).setContainer(&picBack(0));
     picPlaceholder(0).setContainer(&picBack(0));
@@ -66,8 +73,38 @@ Workspace::Workspace(Platform& p, Clock& c) : platform(p), clock(c) {
     DeskObjects.resize(2);
 }
 
+void Workspace::ContainerDesign() {
+    // The design of container 0, which later containers copy: a 20-twip frame, the head row at the top.
+    Group(0).Move(600, 200, 3000, 3000);
+    grpBorder(0).Move(20, 20, 2970, 2970);
+    lblName(0).Move(600, 40, 2175, 200);
+    lblName(0).Caption = QStringLiteral("Container");
+    lblName(0).BackStyle = 0;
+    groupName(0).Move(600, 120, 1335, 250);
+    groupName(0).Visible = false;
+    txtNote(0).Move(80, 340, 3300, 2415);
+    txtNote(0).Visible = false;
+    ShrinkIcon(0).Move(80, 330, 720, 720);
+    ShrinkIcon(0).Visible = false;
+    picShrink(0).Move(60, 30, 240, 240);
+    picCopy1(0).Move(330, 30, 240, 240);
+    picCopy2(0).Move(330, 30, 240, 240);
+    picCopy1(0).ToolTipText = QStringLiteral("Turn ON Folder Link");
+    picCopy2(0).ToolTipText = QStringLiteral("Turn OFF Folder Link");
+    picPinNote(0).Move(2400, 30, 240, 240);
+    picPin(0).Move(2400, 30, 240, 240);
+    picPin(0).Visible = false;
+    chkFold(0).Move(2610, 30, 240, 240);
+    chkUnfold(0).Move(2610, 30, 240, 240);
+    chkUnfold(0).Visible = false;
+    for (ElementFamily* f : {&picShrink, &picCopy1, &picCopy2, &picPinNote, &picPin, &chkFold, &chkUnfold})
+        (*f)(0).Stretch = true;
+    lblName(0).FontBold = false;
+}
+
 std::vector<ElementFamily*> Workspace::families() {
     return {&frmMain,       &picBack,   &imgBack,        &picMoveMe,        &lblCaption,
+            &PicShrinkExpandAllToolbar, &PicFoldUnfoldAllToolbar, &PicRSSRefreshALL, &ImgLock,
             &lblVersion,    &PicDock,   &PicLockToolbar, &PicUnLockToolbar, &lblRSSRefresh,
             &PicJumpToLink, &PicJumpToLinkTop, &Group,   &grpBorder,        &lblName,
             &groupName,     &chkFold,   &chkUnfold,      &picShrink,        &ShrinkIcon,
@@ -97,6 +134,8 @@ void Workspace::showStatus(const QString& text) {
     splash.lblLoad(0).Caption = text;
     if (onStatusShown) onStatusShown();
 }
+
+void Workspace::playSound(const QString& name) { platform.playSound(programFile(name)); }
 
 QString Workspace::dataFile(const QString& name) const { return QDir(DataPath).filePath(name); }
 

@@ -63,6 +63,10 @@ public:
     ElementFamily PicDock{"PicDock", &dispatchPtr_, false};
     ElementFamily PicLockToolbar{"PicLockToolbar", &dispatchPtr_, false};
     ElementFamily PicUnLockToolbar{"PicUnLockToolbar", &dispatchPtr_, false};
+    ElementFamily PicShrinkExpandAllToolbar{"PicShrinkExpandAllToolbar", &dispatchPtr_, false};
+    ElementFamily PicFoldUnfoldAllToolbar{"PicFoldUnfoldAllToolbar", &dispatchPtr_, false};
+    ElementFamily PicRSSRefreshALL{"PicRSSRefreshALL", &dispatchPtr_, false};
+    ElementFamily ImgLock{"ImgLock", &dispatchPtr_, false};
     ElementFamily lblRSSRefresh{"lblRSSRefresh", &dispatchPtr_, false};
     ElementFamily PicJumpToLink{"PicJumpToLink", &dispatchPtr_, false};
     ElementFamily PicJumpToLinkTop{"PicJumpToLinkTop", &dispatchPtr_, false};
@@ -149,9 +153,36 @@ public:
     // The main window has been unloaded; the process is ending.
     bool Unloaded = false;
 
+    // --- containers: folding, shrinking, stepping ---
+    // The container last opened by a double click on its title or by stepping; -1 for none.
+    int16_t OpenContainer = -1;
+    // The shrunk container now open by hover; -1 for none.
+    int32_t ExpandedContainer = -1;
+    // The container last shrunk by a click: not opened by hover until the mouse has left it.
+    int32_t LastClickShrunk = -1;
+    // While set, ShrinkBackContainer does nothing.
+    bool HoldExpanded = false;
+    // While set, the shrink branch of ToggleShrink does nothing.
+    bool DontShrink = false;
+    // While set, hovering over a tile does not open it.
+    bool AutoExpandSuspended = false;
+    // The cursor of the key that steps through containers.
+    int16_t StepCursor = 0;
+
     // --- timers ---
     Timer TimerHide{clock, QStringLiteral("TimerHide"), 1000};
+    Timer TimerSuspendShrink{clock, QStringLiteral("TimerSuspendShrink"), 2000};
+    Timer TimerDontShrink{clock, QStringLiteral("TimerDontShrink"), 20};
+    Timer TimerSuspendAutoExpand{clock, QStringLiteral("TimerSuspendAutoExpand"), 500};
+    Timer TimerDisableMouseMove{clock, QStringLiteral("TimerDisableMouseMove"), 500};
+    Timer TimerDblClickLabelDelay{clock, QStringLiteral("TimerDblClickLabelDelay"), 100};
+    Timer TimerResizePic{clock, QStringLiteral("TimerResizePic"), 300};
 
+    // Plays one of the program's sounds ("fold.wav") without waiting for it.
+    void playSound(const QString& name);
+
+    // The design-time look of container 0's elements.
+    void ContainerDesign();
     // A line for the splash's status label during the load.
     void showStatus(const QString& text);
 

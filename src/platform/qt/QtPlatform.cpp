@@ -7,6 +7,8 @@
 #include <QCursor>
 #include <QDesktopServices>
 #include <QDir>
+#include <QFileInfo>
+#include <QSoundEffect>
 #include <QFontMetrics>
 #include <QImageReader>
 #include <QLocalServer>
@@ -113,6 +115,17 @@ bool QtPlatform::openUrl(const QString& target) {
 
 bool QtPlatform::startDetached(const QString& program, const QStringList& args) {
     return QProcess::startDetached(program, args);
+}
+
+void QtPlatform::playSound(const QString& path) {
+    if (!QFileInfo(path).isFile()) return;
+    auto& effect = sounds_[path];
+    if (!effect) {
+        effect = std::make_unique<QSoundEffect>();
+        effect->setSource(QUrl::fromLocalFile(path));
+    }
+    // Without an audio device the effect stays silent; nothing waits for it either way.
+    effect->play();
 }
 
 void QtPlatform::showTrayIcon(const QString& tip) {

@@ -6,12 +6,15 @@
 
 #include <QObject>
 
+#include <map>
+
 #include <memory>
 
 class QLockFile;
 class QLocalServer;
 class QSystemTrayIcon;
 class QMenu;
+class QSoundEffect;
 
 namespace pd {
 
@@ -33,6 +36,7 @@ public:
     QString programExecutable() const override;
     bool openUrl(const QString& target) override;
     bool startDetached(const QString& program, const QStringList& args) override;
+    void playSound(const QString& path) override;
     void showTrayIcon(const QString& tip) override;
     void removeTrayIcon() override;
     bool registerHotKey() override;
@@ -53,6 +57,8 @@ private:
     std::unique_ptr<QLockFile> lock_;
     std::unique_ptr<QLocalServer> server_;
     std::unique_ptr<QSystemTrayIcon> tray_;
+    // One effect per sound file, made at its first use.
+    std::map<QString, std::unique_ptr<QSoundEffect>> sounds_;
     QMenu* trayMenu_ = nullptr;
 };
 

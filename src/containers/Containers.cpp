@@ -1,0 +1,213 @@
+#include "containers/Containers.h"
+
+#include "app/ObjectRecords.h"
+#include "app/WorkspaceFile.h"
+#include "app/workspace/Workspace.h"
+#include "containers/Folding.h"
+#include "containers/Shrinking.h"
+#include "desk/Notes.h"
+#include "shortcuts/Shortcuts.h"
+#include "themes/Buttons.h"
+#include "window/AutoHide.h"
+#include "window/RelativeLayout.h"
+
+namespace pd {
+
+namespace {
+
+const float kNewSize = 3000;
+
+// Makes the members of container n that NewGroup makes, in its order, each the top of its parent's
+// order (but picCopy2), with the visibility of a new container.
+void LoadMembers(Workspace& ws, int n) {
+    struct Part {
+        ElementFamily* family;
+        bool visible;
+    };
+    Element& group = ws.Group.Load(n);
+    group.setContainer(ws.Group(0).Container());
+    group.Visible = true;
+    group.Enabled = true;
+    group.ZOrder(0);
+    Element& border = ws.grpBorder.Load(n);
+    border.setContainer(&group);
+    border.Visible = true;
+    border.ZOrder(0);
+    const Part parts[] = {
+        {&ws.txtNote, false}, {&ws.ShrinkIcon, false}, {&ws.chkFold, true},    {&ws.chkUnfold, false},
+        {&ws.picShrink, true}, {&ws.picPin, false},     {&ws.picPinNote, true}, {&ws.picCopy2, true},
+        {&ws.picCopy1, true},  {&ws.lblName, true},     {&ws.groupName, false},
+    };
+    for (const Part& p : parts) {
+        Element& e = p.family->Load(n);
+        e.setContainer(&border);
+        e.Visible = p.visible;
+        if (p.family != &ws.picCopy2) e.ZOrder(0);
+    }
+    ws.txtNote(n).Text = QString();
+    ws.lblName(n).Caption = QStringLiteral("Container");
+    ws.lblName(n).FontBold = false;
+    ws.groupName(n).Text = QStringLiteral("Container");
+}
+
+void GrowContainers(Workspace& ws, int n) {
+    if (static_cast<int>(ws.Containers.size()) <= n) ws.Containers.resize(static_cast<size_t>(n) + 1);
+}
+
+} // namespace
+
+bool IsContainerLive(const Workspace& ws, int i) { return ws.Group.exists(i) && ws.Group(i).Visible; }
+
+bool IsShrunkSize(const Workspace& ws, int i) { return ws.Group(i).Width == 700 && ws.Group(i).Height == 950; }
+
+bool IsFolded(const Workspace& ws, int i) { return ws.chkUnfold(i).Visible; }
+
+bool TitleAtTop(const Workspace& ws, int i) { return ws.picShrink(i).Top == 30; }
+
+int ContainerOf(const Element& e) {
+    const QString& n = e.Name();
+    if (n == QLatin1String("Group") || n == QLatin1String("grpBorder")) return e.Index();
+    return -1;
+}
+
+void NoteContainerGeometry(Workspace& ws, int i) {
+    ContainerRecord& r = ws.Containers[i];
+    const Element& g = ws.Group(i);
+    if (!r.KeepX) r.X = static_cast<int32_t>(g.Left);
+    if (!r.Flipped) {
+        r.Y = static_cast<int32_t>(g.Top);
+        r.H = static_cast<int32_t>(g.Height);
+        r.W = static_cast<int32_t>(g.Width);
+    }
+}
+
+void NewGroup(Workspace& ws, int16_t ParentIndex) {
+    if (ws.ContainerCount == INT16_MAX) return; // the 16-bit count is used up
+    const int n = ws.ContainerCount;
+    GrowContainers(ws, n);
+    if (n != 0) {
+        LoadMembers(ws, n);
+    } else {
+        for (ElementFamily* f : {&ws.Group, &ws.grpBorder, &ws.chkFold, &ws.picShrink, &ws.picPinNote, &ws.picCopy2,
+                                 &ws.picCopy1, &ws.lblName})
+            (*f)(0).Visible = true;
+        ws.picPin(0).Visible = false;
+    }
+    ws.Group(n).Move(ws.DropX, ws.DropY, kNewSize, kNewSize);
+    ws.Containers[n] = ContainerRecord{};
+    NoteContainerGeometry(ws, n);
+    SetTitleEdge(ws, false, n);
+    ContainerRecord& r = ws.Containers[n];
+    r.TagHidden = false;
+    r.ParentIndex = ParentIndex;
+    r.CopyPath.clear();
+    r.RefreshOnExpand = false;
+    r.KeepX = false;
+    r.Flipped = false;
+    ++ws.ContainerCount;
+}
+
+void mnuNew_Click(Workspace& ws) {
+    NewGroup(ws, -1);
+    const int n = ws.ContainerCount - 1;
+    if (n < 0) return;
+    ws.grpBorder(n).BackColor = ws.ContainerColor;
+    ws.grpBorder(n).ForeColor = ws.ContainerLabelColor;
+    ws.lblName(n).ForeColor = ws.ContainerLabelColor;
+    SetColors(ws, n, ws.ContainerColor);
+    SetObjectRelativeSize(ws, n);
+    ws.Group(n).ZOrder(0);
+    ws.Group(n).setContainer(&ws.picBack(0));
+    ws.SelectedContainer = static_cast<int16_t>(n);
+    StartRename(ws, n);
+    AddShrinkIcon(ws, ws.programFile(QStringLiteral("emptyicon.ico")), n);
+}
+
+void mnuNewNote_Click(Workspace& ws) {
+    mnuNew_Click(ws);
+    const int n = ws.ContainerCount - 1;
+    if (n < 0) return;
+    ShowNote(ws, n);
+    ws.lblName(n).Caption = QStringLiteral("Note");
+    SaveDesktop(ws, true, false);
+}
+
+void StartRename(Workspace& ws, int i) {
+    ws.Group(i).ZOrder(0);
+    Element& field = ws.groupName(i);
+    field.ForeColor = ws.lblName(i).ForeColor.get();
+    field.Text = ws.lblName(i).Caption.get();
+    field.Top = TitleAtTop(ws, i) ? 50 : ws.Group(i).Height - 300;
+    field.Visible = true;
+    field.ZOrder(0);
+    // The view gives the visible field the focus and selects its text.
+}
+
+void RenameTextChanged(Workspace& ws, int i) { ws.lblName(i).Caption = ws.groupName(i).Text.get(); }
+
+void RenameFinished(Workspace& ws, int i, bool lostFocus) {
+    ws.groupName(i).Visible = false;
+    if (lostFocus) SaveDesktop(ws, true, false);
+}
+
+void SelectGroup(Workspace& ws, int i) {
+    if (ws.Group(i).Container() == &ws.picBack(0)) ws.Group(i).BackColor = ws.picBack(0).ForeColor.get();
+    ws.lblName(i).FontBold = true;
+}
+
+void UnselectGroup(Workspace& ws, int i) {
+    if (ws.Group(i).Container() == &ws.picBack(0)) ws.Group(i).BackColor = Lighten(ws.grpBorder(i).BackColor);
+    ws.lblName(i).FontBold = false;
+}
+
+void UnselectAllGroups(Workspace& ws) {
+    for (int i = 0; i < ws.Group.Count(); ++i)
+        if (IsContainerLive(ws, i) && ws.lblName(i).FontBold) UnselectGroup(ws, i);
+}
+
+void mnuDeleteContainer_Click(Workspace& ws) {
+    SelectGroup(ws, ws.SelectedContainer);
+    EnableDisableTimerHide(ws, false);
+    bool go = true;
+    if (ws.ConfirmDelete)
+        go = ws.platform.messageBox(QStringLiteral("Delete Selected Containers?"), MsgStyle::YesNoWarning,
+                                    QStringLiteral("Delete")) == MsgAnswer::Yes;
+    if (go) {
+        for (int i = 0; i < ws.Group.Count(); ++i) {
+            if (!ws.Group.exists(i) || !ws.lblName(i).FontBold) continue;
+            ws.Group(i).Visible = false;
+            ws.txtNote(i).Text = QString();
+            ws.Containers[i].IconPath.clear();
+            // The container's shortcuts go with it; their slots stay, empty.
+            for (int k = 0; k < ws.Link.Count(); ++k)
+                if (ws.Link.exists(k) && InContainer(ws.Link(k), i)) RemoveLink(ws, k);
+            // A deleted container is no longer selected.
+            ws.lblName(i).FontBold = false;
+        }
+    }
+    SaveDesktop(ws, true, false);
+    EnableDisableTimerHide(ws, true);
+}
+
+void mnuClearWorkSpace_Click(Workspace& ws) {
+    EnableDisableTimerHide(ws, false);
+    const int answer =
+        ws.platform.messageBox(QStringLiteral("Are you sure you want to delete all objects and start from scratch?"),
+                               MsgStyle::YesNo | MsgStyle::SystemModal, QStringLiteral("Clear Workspace"));
+    if (answer == MsgAnswer::Yes) {
+        // Every object goes from view; the window's own elements stay.
+        for (ElementFamily* f : {&ws.Group, &ws.Link, &ws.PicIcon, &ws.picPlaceholder, &ws.picTemp, &ws.imgPicture})
+            for (int i = 0; i < f->Count(); ++i)
+                if (f->exists(i)) (*f)(i).Visible = false;
+        for (LinkRecord& r : ws.Links) r.LinkPath.clear();
+        for (DeskObjectRecord& r : ws.DeskObjects) r.Time.clear();
+        if (!ws.WallpaperPath.trimmed().isEmpty()) {
+            if (ws.platform.messageBox(QStringLiteral("Select a different theme?"), MsgStyle::YesNoQuestion) ==
+                MsgAnswer::Yes)
+                ws.menus["mnuProperties"].Click();
+        }
+    }
+    EnableDisableTimerHide(ws, true);
+}
+
+} // namespace pd
