@@ -12,7 +12,9 @@ void GrowLinks(Workspace& ws, int i) {
 }
 
 // Steps shared by both adders: the next Link and PicIcon members, placed in Owner, with a fresh record.
+// Returns -1 when the 16-bit slot counts are used up: no further shortcut can be made in this run.
 int NewLinkSlot(Workspace& ws, Element& Owner) {
+    if (ws.LinkCount == INT16_MAX || ws.IconCount == INT16_MAX) return -1;
     const int n = ws.LinkCount;
     const int m = ws.IconCount;
     Element& icon = ws.IconCount != 0 ? ws.PicIcon.Load(m) : ws.PicIcon(0);
@@ -79,6 +81,7 @@ void AddShortcut(Workspace& ws, QString Path, Element& Owner) {
         }
     }
     const int n = NewLinkSlot(ws, Owner);
+    if (n < 0) return;
     LinkRecord& r = ws.Links[n];
     r.LinkType = 2;
     r.Command = 0;
@@ -91,6 +94,7 @@ void AddShortcut(Workspace& ws, QString Path, Element& Owner) {
 void AddURL(Workspace& ws, QString Address, const QString& Label, Element& Owner) {
     Address = Address.trimmed();
     const int n = NewLinkSlot(ws, Owner);
+    if (n < 0) return;
     LinkRecord& r = ws.Links[n];
     r.LinkType = 1;
     r.LinkPath = Address;
