@@ -1,0 +1,299 @@
+// The program's own pictures and sounds, as committed in assets/: every picture loads with Qt's readers
+// at its size, button corners are transparent, and every sound is short 16-bit mono PCM that starts and
+// ends in silence.
+
+#include <QColor>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QImage>
+#include <QImageReader>
+#include <QString>
+#include <QStringList>
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <cstdlib>
+#include <vector>
+
+namespace {
+
+QString AssetPath(const QString& rel) {
+    return QStringLiteral(PERCHDOCK_ASSETS_DIR) + QLatin1Char('/') + rel;
+}
+
+QImage Load(const QString& rel) {
+    QImageReader reader(AssetPath(rel));
+    QImage image = reader.read();
+    EXPECT_FALSE(image.isNull()) << qPrintable(rel) << ": " << qPrintable(reader.errorString());
+    return image;
+}
+
+bool Transparent(const QImage& image, int x, int y) { return qAlpha(image.pixel(x, y)) == 0; }
+
+int CountOpaque(const QImage& image) {
+    int n = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (qAlpha(image.pixel(x, y)) == 255) ++n;
+    return n;
+}
+
+const QStringList kButtons = {"shrinkall", "foldall", "rss",       "lock",     "unlock",
+                              "dock",      "shrink",  "folderoff", "folderon", "noteshow",
+                              "notehide",  "fold",    "unfold"};
+const QString kButtonSet = QStringLiteral("Skin/Buttons/Plain White on Blue/");
+
+TEST(Assets, ButtonSetHasItsThirteenImagesAndNothingElse) {
+    QDir dir(AssetPath(kButtonSet));
+    ASSERT_TRUE(dir.exists());
+    QStringList expected;
+    for (const QString& b : kButtons) expected << b + ".gif";
+    expected.sort();
+    EXPECT_EQ(dir.entryList(QDir::Files, QDir::Name), expected);
+}
+
+TEST(Assets, ButtonsAreSixteenPixelGifsWithTransparentCornersAndWhiteGlyphs) {
+    for (const QString& name : kButtons) {
+        SCOPED_TRACE(name.toStdString());
+        const QString rel = kButtonSet + name + ".gif";
+        EXPECT_EQ(QImageReader(AssetPath(rel)).format(), QByteArray("gif"));
+        const QImage image = Load(rel);
+        ASSERT_EQ(image.size(), QSize(16, 16));
+        EXPECT_TRUE(image.hasAlphaChannel());
+        for (auto [x, y] : {std::pair{0, 0}, {1, 0}, {0, 1}, {15, 0}, {14, 0}, {15, 1}, {0, 15}, {0, 14},
+                            {1, 15}, {15, 15}, {14, 15}, {15, 14}})
+            EXPECT_TRUE(Transparent(image, x, y)) << x << "," << y;
+        // The blue square fills the rest, and a white glyph stands on it.
+        EXPECT_EQ(CountOpaque(image), 256 - 12);
+        int white = 0;
+        int blue = 0;
+        for (int y = 2; y < 14; ++y)
+            for (int x = 2; x < 14; ++x) {
+                const QColor c = image.pixelColor(x, y);
+                if (c == Qt::white) ++white;
+                else if (c.blue() > c.red() + 60 && c.blue() > c.green() + 30) ++blue;
+            }
+        EXPECT_GE(white, 16);
+        EXPECT_GE(blue, 40);
+    }
+}
+
+TEST(Assets, ButtonsAreAllDifferent) {
+    std::vector<QImage> images;
+    for (const QString& name : kButtons) images.push_back(Load(kButtonSet + name + ".gif"));
+    for (size_t i = 0; i < images.size(); ++i)
+        for (size_t j = i + 1; j < images.size(); ++j)
+            EXPECT_NE(images[i], images[j]) << qPrintable(kButtons[int(i)]) << " " << qPrintable(kButtons[int(j)]);
+}
+
+TEST(Assets, AlarmClocksComeInFourColours) {
+    // File and the colour that dominates its case: yellow, blue, green, red.
+    const struct {
+        const char* file;
+        int hue;
+    } clocks[] = {{"alarmclock.gif", 45}, {"alarmclockbl.gif", 220}, {"alarmclockgr.gif", 120},
+                  {"alarmclockrd.gif", 0}};
+    for (const auto& clock : clocks) {
+        SCOPED_TRACE(clock.file);
+        const QImage image = Load(clock.file);
+        ASSERT_EQ(image.size(), QSize(32, 32));
+        EXPECT_TRUE(Transparent(image, 0, 0));
+        EXPECT_TRUE(Transparent(image, 31, 0));
+        EXPECT_TRUE(Transparent(image, 0, 31));
+        EXPECT_TRUE(Transparent(image, 31, 31));
+        EXPECT_GT(CountOpaque(image), 500);
+        // The white face in the middle, the coloured rim on the left edge of the case.
+        EXPECT_GT(image.pixelColor(19, 21).lightness(), 230);
+        const QColor rim = image.pixelColor(5, 18);
+        EXPECT_GT(rim.saturation(), 120);
+        const int d = std::abs(rim.hue() - clock.hue);
+        EXPECT_LE(std::min(d, 360 - d), 25) << "hue " << rim.hue();
+    }
+}
+
+void ExpectIcon(const QString& rel, const std::vector<int>& sizes) {
+    SCOPED_TRACE(rel.toStdString());
+    QImageReader reader(AssetPath(rel));
+    ASSERT_EQ(reader.imageCount(), int(sizes.size()));
+    for (size_t k = 0; k < sizes.size(); ++k) {
+        ASSERT_TRUE(reader.jumpToImage(int(k)));
+        const QImage image = reader.read();
+        ASSERT_FALSE(image.isNull()) << qPrintable(reader.errorString());
+        EXPECT_EQ(image.size(), QSize(sizes[k], sizes[k]));
+        EXPECT_TRUE(image.hasAlphaChannel());
+    }
+}
+
+TEST(Assets, IconsHoldTheirSizes) {
+    ExpectIcon("emptyicon.ico", {32, 16});
+    ExpectIcon("rss.ico", {32, 16});
+    ExpectIcon("rss-small.ico", {16});
+}
+
+TEST(Assets, EmptyIconIsFaintAndEmpty) {
+    const QImage image = Load("emptyicon.ico");
+    EXPECT_TRUE(Transparent(image, 0, 0));
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x) EXPECT_LT(qAlpha(image.pixel(x, y)), 160) << x << "," << y;
+    EXPECT_LT(qAlpha(image.pixel(16, 16)), 40);
+    EXPECT_GT(qAlpha(image.pixel(16, 3)), 80);  // the outline
+}
+
+TEST(Assets, FeedIconIsOrangeWithWhiteSymbol) {
+    for (const QString& rel : {QStringLiteral("rss.ico"), QStringLiteral("rss-small.ico")}) {
+        SCOPED_TRACE(rel.toStdString());
+        const QImage image = Load(rel);
+        int orange = 0;
+        int white = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x) {
+                const QColor c = image.pixelColor(x, y);
+                if (c.alpha() < 255) continue;
+                if (c.red() > 200 && c.green() > 80 && c.green() < 190 && c.blue() < 80) ++orange;
+                if (c.red() == 255 && c.green() == 255 && c.blue() == 255) ++white;
+            }
+        const int area = image.width() * image.height();
+        EXPECT_GT(orange, area / 3);
+        EXPECT_GT(white, area / 10);
+    }
+}
+
+TEST(Assets, WallpaperIsADarkBlueJpeg) {
+    const QString rel = QStringLiteral("Skin/Wallpaper/PlainWhiteOnBlue.jpg");
+    EXPECT_EQ(QImageReader(AssetPath(rel)).format(), QByteArray("jpeg"));
+    EXPECT_LT(QFileInfo(AssetPath(rel)).size(), 150 * 1024);
+    const QImage image = Load(rel);
+    ASSERT_EQ(image.size(), QSize(1024, 768));
+    const QColor top = image.pixelColor(512, 4);
+    const QColor bottom = image.pixelColor(512, 700);
+    EXPECT_LT(top.lightness(), bottom.lightness());
+    for (const QColor& c : {top, bottom}) {
+        EXPECT_GT(c.blue(), c.red());
+        EXPECT_GT(c.blue(), c.green());
+        EXPECT_LT(c.lightness(), 80);
+    }
+    // Corners darker than the middle.
+    EXPECT_LT(image.pixelColor(2, 765).lightness(), image.pixelColor(512, 600).lightness());
+}
+
+QStringList ReadLines(const QString& rel) {
+    QFile f(AssetPath(rel));
+    EXPECT_TRUE(f.open(QIODevice::ReadOnly)) << qPrintable(rel);
+    const QByteArray all = f.readAll();
+    EXPECT_TRUE(all.endsWith("\r\n"));
+    QStringList lines = QString::fromLatin1(all).split(QStringLiteral("\r\n"));
+    lines.removeLast();
+    for (const QString& l : lines) EXPECT_FALSE(l.contains(QLatin1Char('\n'))) << "bare LF in " << qPrintable(rel);
+    return lines;
+}
+
+TEST(Assets, DefaultColourSchemeAndTheme) {
+    const QStringList colours = {"[1.01]",
+                                 "[Background]",        " 2688768 ",
+                                 "[PictureBorder]",     " 8388608 ",
+                                 "[ContainerFor]",      " 2688768 ",
+                                 "[ContainerLabel]",    " 16777215 ",
+                                 "[ContainerTextBack]", " 14810623 ",
+                                 "[ContainerTextFor]",  " 0 ",
+                                 "[Foreground]",        " 16777215 "};
+    EXPECT_EQ(ReadLines("Skin/Colors/plain white on blue.pkc"), colours);
+    QStringList theme = colours;
+    theme << "[Wallpaper]" << "PlainWhiteOnBlue.jpg" << "1" << "[Buttons]" << "Plain White on Blue";
+    EXPECT_EQ(ReadLines("Skin/plain white on blue.pkt"), theme);
+    // What the theme names is there.
+    EXPECT_TRUE(QFileInfo::exists(AssetPath("Skin/Wallpaper/PlainWhiteOnBlue.jpg")));
+    EXPECT_TRUE(QFileInfo(AssetPath(kButtonSet)).isDir());
+}
+
+struct Wav {
+    uint16_t format = 0, channels = 0, bits = 0;
+    uint32_t rate = 0;
+    std::vector<int16_t> samples;
+};
+
+uint32_t U32(const QByteArray& b, int at) {
+    return uint32_t(uint8_t(b[at])) | uint32_t(uint8_t(b[at + 1])) << 8 | uint32_t(uint8_t(b[at + 2])) << 16 |
+           uint32_t(uint8_t(b[at + 3])) << 24;
+}
+uint16_t U16(const QByteArray& b, int at) { return uint16_t(uint8_t(b[at]) | uint8_t(b[at + 1]) << 8); }
+
+// Reads a RIFF WAVE file's format and data chunks.
+bool ReadWav(const QString& rel, Wav& wav) {
+    QFile f(AssetPath(rel));
+    if (!f.open(QIODevice::ReadOnly)) return false;
+    const QByteArray b = f.readAll();
+    if (b.size() < 12 || !b.startsWith("RIFF") || b.mid(8, 4) != "WAVE") return false;
+    if (U32(b, 4) != uint32_t(b.size() - 8)) return false;
+    bool haveFormat = false;
+    for (int at = 12; at + 8 <= b.size();) {
+        const QByteArray id = b.mid(at, 4);
+        const uint32_t len = U32(b, at + 4);
+        const int body = at + 8;
+        if (body + qint64(len) > b.size()) return false;
+        if (id == "fmt ") {
+            wav.format = U16(b, body);
+            wav.channels = U16(b, body + 2);
+            wav.rate = U32(b, body + 4);
+            wav.bits = U16(b, body + 14);
+            haveFormat = true;
+        } else if (id == "data") {
+            for (uint32_t i = 0; i + 1 < len; i += 2) wav.samples.push_back(int16_t(U16(b, body + int(i))));
+        }
+        at = body + int(len) + int(len & 1);
+    }
+    return haveFormat && !wav.samples.empty();
+}
+
+TEST(Assets, SoundsAreShortCleanPcm) {
+    const struct {
+        const char* file;
+        double minSeconds, maxSeconds;
+    } sounds[] = {{"alarm.wav", 1.0, 2.0},          {"click.wav", 0.03, 0.4},
+                  {"fold.wav", 0.05, 0.4},          {"unfold.wav", 0.05, 0.4},
+                  {"expand.wav", 0.05, 0.4},        {"shrink.wav", 0.05, 0.4},
+                  {"container_mousedown.wav", 0.03, 0.2}, {"container_mouseup.wav", 0.03, 0.2}};
+    for (const auto& s : sounds) {
+        SCOPED_TRACE(s.file);
+        Wav wav;
+        ASSERT_TRUE(ReadWav(s.file, wav));
+        EXPECT_EQ(wav.format, 1);  // PCM
+        EXPECT_EQ(wav.channels, 1);
+        EXPECT_EQ(wav.bits, 16);
+        EXPECT_TRUE(wav.rate == 22050 || wav.rate == 44100) << wav.rate;
+        const double seconds = double(wav.samples.size()) / wav.rate;
+        EXPECT_GE(seconds, s.minSeconds);
+        EXPECT_LE(seconds, s.maxSeconds);
+        int peak = 0;
+        for (int16_t v : wav.samples) peak = std::max(peak, std::abs(int(v)));
+        EXPECT_LT(peak, 32767);      // never clipped
+        EXPECT_GT(peak, 32767 / 8);  // and loud enough to hear
+        // Starts and ends in silence, so it does not click.
+        EXPECT_LE(std::abs(int(wav.samples.front())), 64);
+        EXPECT_LE(std::abs(int(wav.samples.back())), 64);
+    }
+}
+
+TEST(Assets, TapsRiseFromDownToUp) {
+    // The release tap is a little higher than the press: count zero crossings over the same time.
+    auto crossings = [](const Wav& w) {
+        int n = 0;
+        for (size_t i = 1; i < w.samples.size(); ++i)
+            if ((w.samples[i - 1] < 0) != (w.samples[i] < 0)) ++n;
+        return n;
+    };
+    Wav down, up;
+    ASSERT_TRUE(ReadWav("container_mousedown.wav", down));
+    ASSERT_TRUE(ReadWav("container_mouseup.wav", up));
+    EXPECT_GT(crossings(up), crossings(down));
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QGuiApplication app(argc, argv);
+    ::testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,1073 @@
+#!/usr/bin/env python3
+"""Generates Perchdock's own images, sounds and default theme files into assets/.
+
+Everything here is drawn or synthesised by this script, with the Python standard library only: the
+GIF (LZW), ICO, JPEG (baseline, optimised Huffman tables) and WAV writers are our own.  The output is
+committed, so a build never has to run this; re-running it reproduces the same bytes.
+
+    python3 tools/gen-assets.py            write every file into assets/
+    python3 tools/gen-assets.py --check    regenerate in memory and compare with the files in assets/
+    python3 tools/gen-assets.py --out DIR  write into DIR instead of assets/
+"""
+
+import argparse
+import io
+import math
+import os
+import struct
+import sys
+import wave
+
+ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
+ASSETS = os.path.join(ROOT, "assets")
+
+# ---------------------------------------------------------------------------------------------------
+# GIF89a writer
+# ---------------------------------------------------------------------------------------------------
+
+
+def lzw_compress(indices, min_code_size):
+    """GIF's variable-length LZW, codes packed least significant bit first."""
+    clear = 1 << min_code_size
+    end = clear + 1
+    out = bytearray()
+    acc = 0
+    nbits = 0
+
+    def emit(code, size):
+        nonlocal acc, nbits
+        acc |= code << nbits
+        nbits += size
+        while nbits >= 8:
+            out.append(acc & 0xFF)
+            acc >>= 8
+            nbits -= 8
+
+    code_size = min_code_size + 1
+    table = {}
+    next_code = end + 1
+    emit(clear, code_size)
+    prefix = indices[0]
+    for c in indices[1:]:
+        key = (prefix, c)
+        found = table.get(key)
+        if found is not None:
+            prefix = found
+            continue
+        emit(prefix, code_size)
+        if next_code < 4096:
+            table[key] = next_code
+            next_code += 1
+            if next_code > (1 << code_size) and code_size < 12:
+                code_size += 1
+        else:
+            emit(clear, code_size)
+            table = {}
+            code_size = min_code_size + 1
+            next_code = end + 1
+        prefix = c
+    emit(prefix, code_size)
+    emit(end, code_size)
+    if nbits:
+        out.append(acc & 0xFF)
+    return bytes(out)
+
+
+def encode_gif(width, height, palette, indices, transparent=None):
+    """One-frame GIF89a with a global colour table; `transparent` is a palette index or None."""
+    bits = max(1, (len(palette) - 1).bit_length())
+    size = 1 << bits
+    pal = list(palette) + [(0, 0, 0)] * (size - len(palette))
+    out = bytearray(b"GIF89a")
+    out += struct.pack("<HHBBB", width, height, 0x80 | ((bits - 1) << 4) | (bits - 1), 0, 0)
+    for r, g, b in pal:
+        out += bytes((r, g, b))
+    if transparent is not None:
+        out += bytes((0x21, 0xF9, 4, 0x01, 0, 0, transparent, 0))
+    out += b"\x2c" + struct.pack("<HHHHB", 0, 0, width, height, 0)
+    min_code_size = max(2, bits)
+    data = lzw_compress(indices, min_code_size)
+    out.append(min_code_size)
+    for i in range(0, len(data), 255):
+        chunk = data[i:i + 255]
+        out.append(len(chunk))
+        out += chunk
+    out += b"\x00\x3b"
+    return bytes(out)
+
+
+# ---------------------------------------------------------------------------------------------------
+# ICO writer (32-bit BMP entries with alpha and an AND mask: read by every ICO reader, Qt's included)
+# ---------------------------------------------------------------------------------------------------
+
+
+def encode_ico(images):
+    """images: list of (size, rgba bytes row-major top-down)."""
+    entries = []
+    blobs = []
+    offset = 6 + 16 * len(images)
+    for size, rgba in images:
+        w = h = size
+        xor = bytearray()
+        for y in range(h - 1, -1, -1):
+            for x in range(w):
+                r, g, b, a = rgba[(y * w + x) * 4:(y * w + x) * 4 + 4]
+                xor += bytes((b, g, r, a))
+        mask_stride = ((w + 31) // 32) * 4
+        mask = bytearray()
+        for y in range(h - 1, -1, -1):
+            row = bytearray(mask_stride)
+            for x in range(w):
+                if rgba[(y * w + x) * 4 + 3] == 0:
+                    row[x // 8] |= 0x80 >> (x % 8)
+            mask += row
+        header = struct.pack("<IiiHHIIiiII", 40, w, h * 2, 1, 32, 0, len(xor) + len(mask), 0, 0, 0, 0)
+        blob = header + bytes(xor) + bytes(mask)
+        entries.append(struct.pack("<BBBBHHII", w % 256, h % 256, 0, 0, 1, 32, len(blob), offset))
+        blobs.append(blob)
+        offset += len(blob)
+    return struct.pack("<HHH", 0, 1, len(images)) + b"".join(entries) + b"".join(blobs)
+
+
+# ---------------------------------------------------------------------------------------------------
+# WAV writer
+# ---------------------------------------------------------------------------------------------------
+
+RATE = 22050
+
+
+def encode_wav(samples):
+    """16-bit mono PCM at RATE; samples are floats in -1..1."""
+    frames = struct.pack("<%dh" % len(samples), *[int(round(s * 32767)) for s in samples])
+    buf = io.BytesIO()
+    w = wave.open(buf, "wb")
+    w.setnchannels(1)
+    w.setsampwidth(2)
+    w.setframerate(RATE)
+    w.writeframes(frames)
+    w.close()
+    return buf.getvalue()
+
+
+# ---------------------------------------------------------------------------------------------------
+# Baseline JPEG writer: 4:2:0 YCbCr, standard quantisation tables scaled by quality, Huffman tables
+# computed from the image's own symbol counts (two passes).
+# ---------------------------------------------------------------------------------------------------
+
+LUMA_Q = [
+    16, 11, 10, 16, 24, 40, 51, 61,
+    12, 12, 14, 19, 26, 58, 60, 55,
+    14, 13, 16, 24, 40, 57, 69, 56,
+    14, 17, 22, 29, 51, 87, 80, 62,
+    18, 22, 37, 56, 68, 109, 103, 77,
+    24, 35, 55, 64, 81, 104, 113, 92,
+    49, 64, 78, 87, 103, 121, 120, 101,
+    72, 92, 95, 98, 112, 100, 103, 99,
+]
+CHROMA_Q = [
+    17, 18, 24, 47, 99, 99, 99, 99,
+    18, 21, 26, 66, 99, 99, 99, 99,
+    24, 26, 56, 99, 99, 99, 99, 99,
+    47, 66, 99, 99, 99, 99, 99, 99,
+] + [99] * 32
+
+
+def zigzag_order():
+    """Natural (row-major) index of each coefficient in zigzag order."""
+    order = []
+    for s in range(15):
+        cells = [(y, s - y) for y in range(8) if 0 <= s - y < 8]
+        if s % 2 == 0:
+            cells.reverse()  # even diagonals run upwards (y decreasing)
+        order += [y * 8 + x for y, x in cells]
+    return order
+
+
+ZIGZAG = zigzag_order()
+DCT_COS = [[(math.sqrt(0.5) if u == 0 else 1.0) * 0.5 * math.cos((2 * x + 1) * u * math.pi / 16)
+            for x in range(8)] for u in range(8)]
+
+
+def scaled_table(table, quality):
+    scale = 5000 / quality if quality < 50 else 200 - 2 * quality
+    return [min(255, max(1, (q * scale + 50) // 100)) for q in table]
+
+
+def fdct(block):
+    tmp = [0.0] * 64
+    for y in range(8):
+        row = block[y * 8:y * 8 + 8]
+        for u in range(8):
+            c = DCT_COS[u]
+            tmp[y * 8 + u] = (row[0] * c[0] + row[1] * c[1] + row[2] * c[2] + row[3] * c[3]
+                              + row[4] * c[4] + row[5] * c[5] + row[6] * c[6] + row[7] * c[7])
+    out = [0.0] * 64
+    for u in range(8):
+        col = tmp[u::8]
+        for v in range(8):
+            c = DCT_COS[v]
+            out[v * 8 + u] = (col[0] * c[0] + col[1] * c[1] + col[2] * c[2] + col[3] * c[3]
+                              + col[4] * c[4] + col[5] * c[5] + col[6] * c[6] + col[7] * c[7])
+    return out
+
+
+def huffman_table(freq):
+    """Code lengths limited to 16 bits, as the JPEG standard's Annex K builds them.
+    Returns (bits[1..16], values) for a DHT segment."""
+    freq = list(freq) + [1]  # symbol 256 reserves the all-ones code
+    n = len(freq)
+    codesize = [0] * n
+    others = [-1] * n
+    while True:
+        v1 = -1
+        for i in range(n):
+            if freq[i] and (v1 < 0 or freq[i] <= freq[v1]):
+                v1 = i
+        v2 = -1
+        for i in range(n):
+            if freq[i] and i != v1 and (v2 < 0 or freq[i] <= freq[v2]):
+                v2 = i
+        if v2 < 0:
+            break
+        freq[v1] += freq[v2]
+        freq[v2] = 0
+        codesize[v1] += 1
+        while others[v1] >= 0:
+            v1 = others[v1]
+            codesize[v1] += 1
+        others[v1] = v2
+        codesize[v2] += 1
+        while others[v2] >= 0:
+            v2 = others[v2]
+            codesize[v2] += 1
+    bits = [0] * 33
+    for i in range(n):
+        if codesize[i]:
+            bits[codesize[i]] += 1
+    for i in range(32, 16, -1):
+        while bits[i] > 0:
+            j = i - 2
+            while bits[j] == 0:
+                j -= 1
+            bits[i] -= 2
+            bits[i - 1] += 1
+            bits[j + 1] += 2
+            bits[j] -= 1
+    i = 16
+    while bits[i] == 0:
+        i -= 1
+    bits[i] -= 1  # drop the reserved code
+    values = [s for length in range(1, 33) for s in range(n - 1) if codesize[s] == length]
+    return bits[1:17], values
+
+
+def huffman_codes(bits, values):
+    codes = {}
+    code = 0
+    k = 0
+    for length in range(1, 17):
+        for _ in range(bits[length - 1]):
+            codes[values[k]] = (code, length)
+            code += 1
+            k += 1
+        code <<= 1
+    return codes
+
+
+def encode_jpeg(width, height, rgb, quality=90):
+    """rgb: function (x, y) -> (r, g, b) floats 0..255. Width and height must be multiples of 16."""
+    assert width % 16 == 0 and height % 16 == 0
+    ys = [[0.0] * width for _ in range(height)]
+    cbs = [[0.0] * width for _ in range(height)]
+    crs = [[0.0] * width for _ in range(height)]
+    for y in range(height):
+        yr, cbr, crr = ys[y], cbs[y], crs[y]
+        for x in range(width):
+            r, g, b = rgb(x, y)
+            yr[x] = 0.299 * r + 0.587 * g + 0.114 * b - 128
+            cbr[x] = -0.168736 * r - 0.331264 * g + 0.5 * b
+            crr[x] = 0.5 * r - 0.418688 * g - 0.081312 * b
+    cw, ch = width // 2, height // 2
+
+    def half(plane):
+        return [[(plane[2 * y][2 * x] + plane[2 * y][2 * x + 1] + plane[2 * y + 1][2 * x]
+                  + plane[2 * y + 1][2 * x + 1]) * 0.25 for x in range(cw)] for y in range(ch)]
+
+    cbs, crs = half(cbs), half(crs)
+    qtabs = [scaled_table(LUMA_Q, quality), scaled_table(CHROMA_Q, quality)]
+
+    def block_symbols(plane, bx, by, qt, prev_dc):
+        blk = []
+        for y in range(by, by + 8):
+            blk += plane[y][bx:bx + 8]
+        coef = fdct(blk)
+        zz = [int(math.floor(coef[ZIGZAG[k]] / qt[ZIGZAG[k]] + 0.5)) for k in range(64)]
+        syms = []
+        diff = zz[0] - prev_dc
+        size = abs(diff).bit_length()
+        syms.append((0, size, diff if diff >= 0 else diff + (1 << size) - 1))
+        run = 0
+        for k in range(1, 64):
+            c = zz[k]
+            if c == 0:
+                run += 1
+                continue
+            while run > 15:
+                syms.append((1, 0xF0, 0))
+                run -= 16
+            size = abs(c).bit_length()
+            syms.append((1, (run << 4) | size, c if c >= 0 else c + (1 << size) - 1))
+            run = 0
+        if run:
+            syms.append((1, 0x00, 0))
+        return syms, zz[0]
+
+    # First pass: all symbols, in stream order, tagged with their table (0 luma, 1 chroma).
+    stream = []
+    prev = [0, 0, 0]
+    for my in range(0, height, 16):
+        for mx in range(0, width, 16):
+            for dy, dx in ((0, 0), (0, 8), (8, 0), (8, 8)):
+                syms, prev[0] = block_symbols(ys, mx + dx, my + dy, qtabs[0], prev[0])
+                stream += [(0, s) for s in syms]
+            for comp, plane in ((1, cbs), (2, crs)):
+                syms, prev[comp] = block_symbols(plane, mx // 2, my // 2, qtabs[1], prev[comp])
+                stream += [(1, s) for s in syms]
+    freqs = [[[0] * 256, [0] * 256], [[0] * 256, [0] * 256]]  # [table][dc/ac][symbol]
+    for t, (ac, sym, _) in stream:
+        freqs[t][ac][sym] += 1
+    tables = [[huffman_table(freqs[t][ac]) for ac in (0, 1)] for t in (0, 1)]
+    codes = [[huffman_codes(*tables[t][ac]) for ac in (0, 1)] for t in (0, 1)]
+
+    # Second pass: the entropy-coded data, with 0xFF bytes stuffed.
+    data = bytearray()
+    acc = 0
+    nbits = 0
+    for t, (ac, sym, extra) in stream:
+        code, length = codes[t][ac][sym]
+        size = sym & 0x0F if ac else sym
+        acc = (acc << length) | code
+        nbits += length
+        if size:
+            acc = (acc << size) | extra
+            nbits += size
+        while nbits >= 8:
+            byte = (acc >> (nbits - 8)) & 0xFF
+            data.append(byte)
+            if byte == 0xFF:
+                data.append(0)
+            nbits -= 8
+        acc &= (1 << nbits) - 1
+    if nbits:
+        byte = ((acc << (8 - nbits)) | ((1 << (8 - nbits)) - 1)) & 0xFF
+        data.append(byte)
+        if byte == 0xFF:
+            data.append(0)
+
+    def segment(marker, payload):
+        return struct.pack(">HH", marker, len(payload) + 2) + payload
+
+    out = bytearray(b"\xff\xd8")
+    out += segment(0xFFE0, b"JFIF\x00" + struct.pack(">BBBHHBB", 1, 1, 0, 1, 1, 0, 0))
+    for tq, qt in enumerate(qtabs):
+        out += segment(0xFFDB, bytes([tq]) + bytes(qt[ZIGZAG[k]] for k in range(64)))
+    out += segment(0xFFC0, struct.pack(">BHHB", 8, height, width, 3)
+                   + bytes((1, 0x22, 0, 2, 0x11, 1, 3, 0x11, 1)))
+    for t in (0, 1):
+        for ac in (0, 1):
+            bits, values = tables[t][ac]
+            out += segment(0xFFC4, bytes([(ac << 4) | t]) + bytes(bits) + bytes(values))
+    out += segment(0xFFDA, bytes((3, 1, 0x00, 2, 0x11, 3, 0x11, 0, 63, 0)))
+    out += data
+    out += b"\xff\xd9"
+    return bytes(out)
+
+
+# ---------------------------------------------------------------------------------------------------
+# Drawing: a small RGBA canvas with supersampled shapes, for the pictures that have smooth edges
+# ---------------------------------------------------------------------------------------------------
+
+
+class Canvas:
+    def __init__(self, size, ss=4):
+        self.size = size
+        self.ss = ss
+        self.px = [[0.0, 0.0, 0.0, 0.0] for _ in range(size * size)]  # premultiplied, 0..1
+
+    def fill(self, inside, color, opacity=1.0):
+        """Paints colour (r, g, b) 0..255 where the predicate inside(x, y) holds, x and y in pixels."""
+        n = self.ss
+        r, g, b = (c / 255.0 for c in color)
+        for y in range(self.size):
+            for x in range(self.size):
+                hits = 0
+                for sy in range(n):
+                    for sx in range(n):
+                        if inside(x + (sx + 0.5) / n, y + (sy + 0.5) / n):
+                            hits += 1
+                if not hits:
+                    continue
+                a = opacity * hits / (n * n)
+                p = self.px[y * self.size + x]
+                p[0] = r * a + p[0] * (1 - a)
+                p[1] = g * a + p[1] * (1 - a)
+                p[2] = b * a + p[2] * (1 - a)
+                p[3] = a + p[3] * (1 - a)
+
+    def fill_gradient(self, inside, top, bottom, y0, y1):
+        """Like fill, with a vertical gradient from colour `top` at y0 to `bottom` at y1."""
+        for row in range(self.size):
+            t = min(1.0, max(0.0, (row + 0.5 - y0) / (y1 - y0)))
+            color = tuple(a + (b - a) * t for a, b in zip(top, bottom))
+            self.fill(lambda x, y, row=row: int(y) == row and inside(x, y), color)
+
+    def rgba(self):
+        out = bytearray()
+        for r, g, b, a in self.px:
+            if a <= 0:
+                out += bytes(4)
+                continue
+            out += bytes((round(min(1, r / a) * 255), round(min(1, g / a) * 255),
+                          round(min(1, b / a) * 255), round(a * 255)))
+        return bytes(out)
+
+    def gif(self):
+        """Hard-edged GIF: a pixel at least half covered is opaque, in the colour of what covers it."""
+        palette = [(0, 0, 0)]
+        lookup = {}
+        indices = []
+        for r, g, b, a in self.px:
+            if a < 0.5:
+                indices.append(0)
+                continue
+            color = tuple(round(min(1, c / a) * 255) for c in (r, g, b))
+            if color not in lookup:
+                lookup[color] = len(palette)
+                palette.append(color)
+            indices.append(lookup[color])
+        if len(palette) > 256:
+            raise ValueError("too many colours for a GIF: %d" % len(palette))
+        return encode_gif(self.size, self.size, palette, indices, transparent=0)
+
+
+def circle(cx, cy, r):
+    return lambda x, y: (x - cx) ** 2 + (y - cy) ** 2 <= r * r
+
+
+def ring(cx, cy, r0, r1):
+    return lambda x, y: r0 * r0 <= (x - cx) ** 2 + (y - cy) ** 2 <= r1 * r1
+
+
+def rounded_rect(x0, y0, x1, y1, r):
+    def inside(x, y):
+        if x < x0 or x > x1 or y < y0 or y > y1:
+            return False
+        dx = max(x0 + r - x, 0, x - (x1 - r))
+        dy = max(y0 + r - y, 0, y - (y1 - r))
+        return dx * dx + dy * dy <= r * r
+    return inside
+
+
+def segment_shape(ax, ay, bx, by, half_width):
+    """A line from a to b with round ends, half_width pixels each side."""
+    vx, vy = bx - ax, by - ay
+    length2 = vx * vx + vy * vy
+
+    def inside(x, y):
+        t = 0.0 if length2 == 0 else max(0.0, min(1.0, ((x - ax) * vx + (y - ay) * vy) / length2))
+        dx, dy = x - (ax + t * vx), y - (ay + t * vy)
+        return dx * dx + dy * dy <= half_width * half_width
+    return inside
+
+
+def minus(a, b):
+    return lambda x, y: a(x, y) and not b(x, y)
+
+
+def darker(color, f):
+    return tuple(round(c * f) for c in color)
+
+
+# ---------------------------------------------------------------------------------------------------
+# The button set "Plain White on Blue": 16x16 GIFs, white glyphs on a blue rounded square
+# ---------------------------------------------------------------------------------------------------
+
+BUTTON_SET = "Plain White on Blue"
+# Palette: 0 transparent, 1 outline, 2 top highlight, 3-5 body from top to bottom, 6 white, 7 pale blue.
+BUTTON_PALETTE = [
+    (0x15, 0x48, 0x95),  # transparent (the body colour, for readers that ignore transparency)
+    (0x0A, 0x27, 0x5A),  # outline
+    (0x4A, 0x80, 0xCE),  # highlight row under the top edge
+    (0x26, 0x5D, 0xAE),  # body, upper
+    (0x1C, 0x51, 0xA1),  # body, middle
+    (0x15, 0x48, 0x95),  # body, lower
+    (0xFF, 0xFF, 0xFF),  # glyph
+    (0xA8, 0xC4, 0xEC),  # glyph detail
+]
+
+
+def button_background():
+    """Indices of the rounded blue square: corners cut, 1-pixel outline, shaded body."""
+    px = [0] * 256
+    for y in range(16):
+        for x in range(16):
+            ex = min(x, 15 - x)
+            ey = min(y, 15 - y)
+            if ex + ey < 2:
+                continue  # the three corner pixels of each corner
+            if ex == 0 or ey == 0 or (ex + ey == 2):
+                px[y * 16 + x] = 1
+            elif y == 1 or (y == 2 and ex == 1):
+                px[y * 16 + x] = 2
+            elif y < 6:
+                px[y * 16 + x] = 3
+            elif y < 11:
+                px[y * 16 + x] = 4
+            else:
+                px[y * 16 + x] = 5
+    return px
+
+
+# Glyphs, 16 rows of 16: '#' white, '+' pale blue, anything else leaves the background.
+GLYPHS = {
+    "fold": """
+................
+................
+................
+................
+................
+.......##.......
+......####......
+.....##..##.....
+....##....##....
+...##......##...
+................
+................
+................
+................
+................
+................
+""",
+    "unfold": """
+................
+................
+................
+................
+................
+................
+...##......##...
+....##....##....
+.....##..##.....
+......####......
+.......##.......
+................
+................
+................
+................
+................
+""",
+    "foldall": """
+................
+................
+................
+................
+.......##.......
+......####......
+.....##..##.....
+....##....##....
+.......##.......
+......####......
+.....##..##.....
+....##....##....
+................
+................
+................
+................
+""",
+    "shrinkall": """
+................
+................
+................
+...####..####...
+...####..####...
+...####..####...
+...####..####...
+................
+................
+...####..####...
+...####..####...
+...####..####...
+...####..####...
+................
+................
+................
+""",
+    "shrink": """
+................
+................
+................
+............#...
+...........##...
+.......#..##....
+.......#####....
+.......###......
+.......####.....
+...####.........
+...####.........
+...####.........
+...####.........
+................
+................
+................
+""",
+    "dock": """
+................
+................
+................
+...##...........
+...##...........
+...##...#.......
+...##..##.......
+...##.#######...
+...##.#######...
+...##..##.......
+...##...#.......
+...##...........
+...##...........
+................
+................
+................
+""",
+    "lock": """
+................
+................
+................
+......####......
+.....######.....
+.....##..##.....
+.....##..##.....
+....########....
+....########....
+....###..###....
+....###..###....
+....########....
+....########....
+................
+................
+................
+""",
+    "unlock": """
+................
+................
+.........####...
+........######..
+........##..##..
+........##..##..
+........##......
+...########.....
+...########.....
+...###..###.....
+...###..###.....
+...########.....
+...########.....
+................
+................
+................
+""",
+    "folderoff": """
+................
+................
+................
+................
+...####.........
+...#...######...
+...#........#...
+...#........#...
+...#........#...
+...#........#...
+...#........#...
+...##########...
+................
+................
+................
+................
+""",
+    "folderon": """
+................
+................
+................
+................
+...####.........
+...##########...
+...##########...
+...##########...
+...##########...
+...##########...
+...##########...
+...##########...
+................
+................
+................
+................
+""",
+    "noteshow": """
+................
+................
+................
+...#######......
+...#.....##.....
+...#.....#.#....
+...#.....####...
+...#.####...#...
+...#........#...
+...#.######.#...
+...#........#...
+...#.######.#...
+...##########...
+................
+................
+................
+""",
+    "notehide": """
+................
+................
+..#.............
+...#.#####......
+....#....##.....
+...#.#...#.#....
+...#..#..####...
+...#.#.#....#...
+...#....#...#...
+...#.###.#..#...
+...#......#.#...
+...#.#####.#....
+...########.#...
+.............#..
+................
+................
+""",
+    "rss": """
+................
+................
+................
+................
+...#####........
+...######.......
+.......###......
+...####..##.....
+...#####.###....
+......###.##....
+.......##.##....
+...##..##.##....
+...##..##.##....
+................
+................
+................
+""",
+}
+
+
+def glyph_rows(name):
+    rows = GLYPHS[name].strip("\n").split("\n")
+    assert len(rows) == 16 and all(len(r) == 16 for r in rows), name
+    return rows
+
+
+def button(name):
+    rows = glyph_rows(name)
+    px = button_background()
+    for y, row in enumerate(rows):
+        for x, ch in enumerate(row):
+            if ch == "#":
+                px[y * 16 + x] = 6
+            elif ch == "+":
+                px[y * 16 + x] = 7
+    return encode_gif(16, 16, BUTTON_PALETTE, px, transparent=0)
+
+
+BUTTON_FILES = ["shrinkall", "foldall", "rss", "lock", "unlock", "dock", "shrink", "folderoff",
+                "folderon", "noteshow", "notehide", "fold", "unfold"]
+
+
+# ---------------------------------------------------------------------------------------------------
+# The reminder's alarm clock, 32x32, in four colours
+# ---------------------------------------------------------------------------------------------------
+
+ALARM_COLORS = {
+    "alarmclock.gif": (0xFF, 0xC8, 0x1E),    # yellow
+    "alarmclockbl.gif": (0x2F, 0x6C, 0xE0),  # blue
+    "alarmclockgr.gif": (0x35, 0xB5, 0x3A),  # green
+    "alarmclockrd.gif": (0xE2, 0x35, 0x35),  # red
+}
+
+
+def alarm_clock(color):
+    c = Canvas(32, ss=4)
+    ink = (0x22, 0x22, 0x2A)
+    edge = darker(color, 0.45)
+    shade = darker(color, 0.78)
+    cx, cy = 16.0, 17.5
+    # Legs, behind the body.
+    c.fill(segment_shape(9.5, 25.5, 6.5, 29.5, 1.6), ink)
+    c.fill(segment_shape(22.5, 25.5, 25.5, 29.5, 1.6), ink)
+    # Bells on top, with the hammer's stem between them.
+    c.fill(segment_shape(16, 3.2, 16, 7.5, 1.1), ink)
+    c.fill(circle(16, 3.2, 1.8), ink)
+    for bx in (7.2, 24.8):
+        c.fill(circle(bx, 7.2, 5.6), edge)
+        c.fill(circle(bx, 7.2, 4.5), color)
+        c.fill(minus(circle(bx, 7.2, 4.5), circle(bx - 0.9, 6.3, 4.5)), shade)
+    # The case: outline, coloured rim with a shaded lower half, white face.
+    c.fill(circle(cx, cy, 12.4), edge)
+    c.fill(circle(cx, cy, 11.3), color)
+    c.fill(minus(circle(cx, cy, 11.3), circle(cx - 1.0, cy - 1.2, 11.3)), shade)
+    c.fill(circle(cx, cy, 8.9), darker(color, 0.55))
+    c.fill(circle(cx, cy, 8.1), (0xFD, 0xFD, 0xF8))
+    # Hour marks at 12, 3, 6 and 9.
+    for ang in range(0, 360, 90):
+        a = math.radians(ang)
+        x0, y0 = cx + 6.9 * math.sin(a), cy - 6.9 * math.cos(a)
+        x1, y1 = cx + 5.4 * math.sin(a), cy - 5.4 * math.cos(a)
+        c.fill(segment_shape(x0, y0, x1, y1, 0.75), ink)
+    # Hands at ten to two, and the centre pin.
+    c.fill(segment_shape(cx, cy, cx - 3.9, cy - 2.3, 1.05), ink)
+    c.fill(segment_shape(cx, cy, cx + 4.2, cy - 4.6, 0.8), ink)
+    c.fill(circle(cx, cy, 1.4), (0xC8, 0x2A, 0x2A))
+    return c.gif()
+
+
+# ---------------------------------------------------------------------------------------------------
+# Icons: the empty container icon and the feed icon
+# ---------------------------------------------------------------------------------------------------
+
+
+def empty_icon(size):
+    """A faint, empty rounded box; its edges lie on pixel boundaries so that it stays crisp."""
+    c = Canvas(size, ss=8)
+    m, w, r = (2, 2, 5) if size >= 32 else (1, 1, 3)
+    outer = rounded_rect(m, m, size - m, size - m, r)
+    inner = rounded_rect(m + w, m + w, size - m - w, size - m - w, r - w)
+    c.fill(inner, (0xE8, 0xEE, 0xF6), opacity=0.10)
+    c.fill(minus(outer, inner), (0xD8, 0xE0, 0xEC), opacity=0.55)
+    return c.rgba()
+
+
+def rss_icon(size):
+    """The feed symbol in white on an orange rounded square.  At 16 pixels the symbol is the button
+    set's pixel glyph, which stays sharper than a scaled drawing."""
+    c = Canvas(size, ss=8)
+    r = 6.0 if size >= 32 else 3.5
+    c.fill(rounded_rect(0, 0, size, size, r), (0xB8, 0x4E, 0x08))
+    inner = rounded_rect(1, 1, size - 1, size - 1, r - 1)
+    c.fill_gradient(inner, (0xFF, 0xA8, 0x3C), (0xEE, 0x6E, 0x0E), 1, size - 1)
+    white = (0xFF, 0xFF, 0xFF)
+    if size < 32:
+        rows = glyph_rows("rss")
+        c.fill(lambda x, y: rows[int(y)][int(x)] == "#", white)
+        return c.rgba()
+    s = size / 32.0
+    ox, oy = 7.5 * s, size - 7.5 * s  # the centre of the arcs
+    c.fill(circle(ox + 0.5 * s, oy - 0.5 * s, 2.9 * s), white)
+    for r0, r1 in ((8.4, 12.6), (15.2, 19.4)):
+        arc = ring(ox - 1.0 * s, oy + 1.0 * s, r0 * s, r1 * s)
+        c.fill(lambda x, y, arc=arc: arc(x, y) and x >= ox - 1.0 * s and y <= oy + 1.0 * s, white)
+    return c.rgba()
+
+
+# ---------------------------------------------------------------------------------------------------
+# Sounds
+# ---------------------------------------------------------------------------------------------------
+
+
+def silence(seconds):
+    return [0.0] * int(round(seconds * RATE))
+
+
+def add_tone(buf, start, freq, amp, attack, decay, partials=((1.0, 1.0, 1.0),), glide_to=None,
+             length=None):
+    """Adds a tone at `start` seconds: raised-cosine attack, exponential decay with time constant
+    `decay`; partials are (frequency ratio, amplitude, decay factor).  With glide_to the pitch moves
+    exponentially from freq to glide_to over `length` seconds."""
+    n0 = int(round(start * RATE))
+    n_end = len(buf) if length is None else min(len(buf), n0 + int(round(length * RATE)))
+    phases = [0.0] * len(partials)
+    for n in range(n0, n_end):
+        t = (n - n0) / RATE
+        env = 0.5 - 0.5 * math.cos(math.pi * t / attack) if t < attack else 1.0
+        f = freq
+        if glide_to is not None:
+            f = freq * (glide_to / freq) ** min(1.0, t / length)
+        v = 0.0
+        for k, (ratio, pamp, pdec) in enumerate(partials):
+            phases[k] += 2 * math.pi * f * ratio / RATE
+            v += pamp * math.exp(-t / (decay * pdec)) * math.sin(phases[k])
+        buf[n] += amp * env * v
+
+
+def finish(buf, peak, fade_in=0.002, fade_out=0.01):
+    """Scales to the given peak and fades both ends to exact silence, so that nothing clicks."""
+    top = max(abs(v) for v in buf)
+    scale = peak / top if top else 0.0
+    n = len(buf)
+    nin = max(1, int(fade_in * RATE))
+    nout = max(1, int(fade_out * RATE))
+    out = []
+    for i, v in enumerate(buf):
+        g = scale
+        if i < nin:
+            g *= 0.5 - 0.5 * math.cos(math.pi * i / nin)
+        if i >= n - nout:
+            g *= 0.5 - 0.5 * math.cos(math.pi * (n - 1 - i) / nout)
+        out.append(v * g)
+    return out
+
+
+BELL = ((1.0, 1.0, 1.0), (2.0, 0.32, 0.5), (3.0, 0.10, 0.3), (4.2, 0.04, 0.2))
+SOFT = ((1.0, 1.0, 1.0), (2.0, 0.15, 0.6))
+
+
+def sound_alarm():
+    buf = silence(1.6)
+    ding, dong = 987.77, 783.99  # B5 and G5: a friendly falling third
+    for start, freq in ((0.0, ding), (0.32, dong), (0.78, ding), (1.10, dong)):
+        add_tone(buf, start, freq, 1.0, 0.004, 0.32, BELL)
+    return finish(buf, 0.70, fade_out=0.22)
+
+
+def sound_click():
+    buf = silence(0.05)
+    add_tone(buf, 0.0, 2300.0, 0.6, 0.0006, 0.0045, ((1.0, 1.0, 1.0),))
+    add_tone(buf, 0.0, 1150.0, 0.5, 0.0008, 0.008, ((1.0, 1.0, 1.0),))
+    return finish(buf, 0.35, fade_in=0.0006, fade_out=0.012)
+
+
+def sound_glide(f0, f1):
+    buf = silence(0.14)
+    add_tone(buf, 0.0, f0, 1.0, 0.006, 0.06, SOFT, glide_to=f1, length=0.14)
+    return finish(buf, 0.40, fade_out=0.03)
+
+
+def sound_arpeggio(freqs):
+    buf = silence(0.38)
+    for i, f in enumerate(freqs):
+        add_tone(buf, 0.045 * i, f, 1.0, 0.008, 0.11, SOFT)
+    return finish(buf, 0.40, fade_out=0.06)
+
+
+def sound_tap(freq):
+    buf = silence(0.05)
+    add_tone(buf, 0.0, freq, 1.0, 0.0015, 0.010, SOFT)
+    add_tone(buf, 0.0, freq / 2, 0.5, 0.0015, 0.006, ((1.0, 1.0, 1.0),))
+    return finish(buf, 0.30, fade_in=0.0015, fade_out=0.015)
+
+
+C5, E5, G5, C6 = 523.25, 659.26, 783.99, 1046.50
+
+SOUNDS = {
+    "alarm.wav": sound_alarm,
+    "click.wav": sound_click,
+    "fold.wav": lambda: sound_glide(880.0, 587.33),
+    "unfold.wav": lambda: sound_glide(587.33, 880.0),
+    "expand.wav": lambda: sound_arpeggio((C5, E5, G5, C6)),
+    "shrink.wav": lambda: sound_arpeggio((C6, G5, E5, C5)),
+    "container_mousedown.wav": lambda: sound_tap(520.0),
+    "container_mouseup.wav": lambda: sound_tap(660.0),
+}
+
+
+# ---------------------------------------------------------------------------------------------------
+# Default wallpaper and colour files
+# ---------------------------------------------------------------------------------------------------
+
+
+def wallpaper_pixel(x, y, w=1024, h=768):
+    top = (0x00, 0x07, 0x29)
+    bottom = (0x0B, 0x1F, 0x4F)
+    t = y / (h - 1)
+    t = t * t * (3 - 2 * t) * 0.6 + t * 0.4  # a little flatter at both ends
+    dx = (x + 0.5 - w * 0.5) / (w * 0.5)
+    dy = (y + 0.5 - h * 0.42) / (h * 0.5)
+    r2 = dx * dx * 0.55 + dy * dy * 0.45
+    vignette = 1.0 - 0.42 * min(1.0, r2) ** 1.4
+    return tuple((a + (b - a) * t) * vignette for a, b in zip(top, bottom))
+
+
+def bgr(r, g, b):
+    """A colour as the files store it: 0x00BBGGRR."""
+    return (b << 16) | (g << 8) | r
+
+
+def number(v):
+    return " %d " % v if v >= 0 else "%d " % v
+
+
+DEFAULT_COLORS = [
+    ("[Background]", bgr(0x00, 0x07, 0x29)),
+    ("[PictureBorder]", bgr(0x00, 0x00, 0x80)),
+    ("[ContainerFor]", bgr(0x00, 0x07, 0x29)),
+    ("[ContainerLabel]", bgr(0xFF, 0xFF, 0xFF)),
+    ("[ContainerTextBack]", bgr(0xFF, 0xFD, 0xE1)),
+    ("[ContainerTextFor]", bgr(0x00, 0x00, 0x00)),
+    ("[Foreground]", bgr(0xFF, 0xFF, 0xFF)),
+]
+WALLPAPER = "PlainWhiteOnBlue.jpg"
+
+
+def color_file(theme):
+    lines = ["[1.01]"]
+    for key, value in DEFAULT_COLORS:
+        lines += [key, number(value)]
+    if theme:
+        lines += ["[Wallpaper]", WALLPAPER, "1", "[Buttons]", BUTTON_SET]
+    return ("\r\n".join(lines) + "\r\n").encode("ascii")
+
+
+# ---------------------------------------------------------------------------------------------------
+
+
+def generate(include_wallpaper=True):
+    files = {}
+    for name in BUTTON_FILES:
+        files["Skin/Buttons/%s/%s.gif" % (BUTTON_SET, name)] = button(name)
+    for name, color in ALARM_COLORS.items():
+        files[name] = alarm_clock(color)
+    files["emptyicon.ico"] = encode_ico([(32, empty_icon(32)), (16, empty_icon(16))])
+    files["rss.ico"] = encode_ico([(32, rss_icon(32)), (16, rss_icon(16))])
+    files["rss-small.ico"] = encode_ico([(16, rss_icon(16))])
+    for name, make in SOUNDS.items():
+        files[name] = encode_wav(make())
+    files["Skin/Colors/plain white on blue.pkc"] = color_file(theme=False)
+    files["Skin/plain white on blue.pkt"] = color_file(theme=True)
+    if include_wallpaper:
+        files["Skin/Wallpaper/" + WALLPAPER] = encode_jpeg(1024, 768, wallpaper_pixel, quality=92)
+    return files
+
+
+def main():
+    ap = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    ap.add_argument("--check", action="store_true", help="compare with the files in assets/, write nothing")
+    ap.add_argument("--out", default=ASSETS, help="output folder (default: assets/)")
+    ap.add_argument("--no-wallpaper", action="store_true", help="skip the wallpaper (the slow part)")
+    args = ap.parse_args()
+    files = generate(include_wallpaper=not args.no_wallpaper)
+    if args.check:
+        bad = 0
+        for rel, data in sorted(files.items()):
+            path = os.path.join(args.out, rel)
+            old = open(path, "rb").read() if os.path.exists(path) else None
+            if old != data:
+                print("differs: " + rel)
+                bad += 1
+        print("%d files checked, %d differ" % (len(files), bad))
+        return 1 if bad else 0
+    for rel, data in sorted(files.items()):
+        path = os.path.join(args.out, rel)
+        os.makedirs(os.path.dirname(path), exist_ok=True)
+        with open(path, "wb") as f:
+            f.write(data)
+        print("%7d  %s" % (len(data), rel))
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
