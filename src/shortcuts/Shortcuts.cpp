@@ -51,12 +51,6 @@ QString GetFileName(const QString& Path) {
     return Path.mid(pos);
 }
 
-QString ResolveLinkTarget(const QString& Path) {
-    // Link files are not read yet: every target is unknown, so the link file itself stays the target.
-    Q_UNUSED(Path);
-    return {};
-}
-
 void MoveLinkIcon(Workspace& ws, int n) {
     if (n < 0 || n >= static_cast<int>(ws.Links.size())) return;
     Element& label = ws.Link(n);
@@ -74,7 +68,9 @@ void AddShortcut(Workspace& ws, QString Path, Element& Owner) {
         const QString ext = Path.right(3).toLower();
         if (ext == QLatin1String("lnk") || ext == QLatin1String("url")) {
             target = ResolveLinkTarget(Path);
-            if (ext == QLatin1String("url")) {
+            // An internet shortcut becomes a web shortcut; one whose address cannot be read stays a
+            // shortcut to the file itself rather than a web shortcut without an address.
+            if (ext == QLatin1String("url") && !target.isEmpty()) {
                 AddURL(ws, target, GetFileName(Path), Owner);
                 return;
             }
