@@ -10,6 +10,8 @@
 #include "app/files/Values.h"
 #include "app/workspace/Workspace.h"
 #include "containers/ContainerFiles.h"
+#include "themes/Buttons.h"
+#include "themes/DefaultSkin.h"
 #include "window/ResizeForm.h"
 
 #include <QFileInfo>
@@ -89,6 +91,7 @@ void ApplyCollected(Workspace& ws, const LoadState& st) {
         }
     }
     if (st.Hidden && TrimBlanks(*st.Hidden) == QLatin1String("1")) win.Visible = false;
+    InitButtons(ws, ws.ButtonSet);
     ResizeForm(ws, true);
     // Only the text "True" keeps the window hidden; a "1" written by the program is shown again here.
     if (!win.Visible && st.Hidden.value_or(QString()) != QLatin1String("True")) win.Visible = true;
@@ -140,6 +143,7 @@ void LoadSettings(Workspace& ws) {
     ws.ButtonSet = QStringLiteral("Plain White on Blue");
     DetermineDataPath(ws);
     CheckRecoveryAtStart(ws);
+    InstallDefaultSkin(ws);
 
     LoadState st;
     const QString file = ws.dataFile(QString::fromLatin1(kWorkspaceFile));
