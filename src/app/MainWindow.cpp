@@ -4,6 +4,7 @@
 #include "app/Startup.h"
 #include "app/WorkspaceFile.h"
 #include "app/workspace/Workspace.h"
+#include "containers/ContainerMenus.h"
 #include "window/ResizeForm.h"
 
 namespace pd {
@@ -101,6 +102,7 @@ void WireCoreCommands(Workspace& ws) {
     ws.menus["mnuExitMainWin"].onClick = [w] { UnloadMainWindow(*w); };
     ws.menus["mnuExitApp"].onClick = [w] { w->menus["mnuExitMainWin"].Click(); };
     ws.menus["mnuCheckForUpdate"].onClick = [w] { CheckForUpdate(*w); };
+    WireContainerCommands(ws);
     // A setting's entry flips its check mark and saves at once.
     for (const auto& m : ws.menus.all()) {
         if (!m->checkable() || m->onClick) continue;

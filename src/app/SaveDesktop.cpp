@@ -64,6 +64,9 @@ QByteArray WorkspaceFileBytes(Workspace& ws, bool ForExit) {
 
 void SaveDesktop(Workspace& ws, bool ToRecovery, bool ForExit) {
     if (ws.IsLoading || ws.NoSave) return;
+    // Once the window is being unloaded only its own exit save writes: a focus lost while the windows
+    // close must not leave a recovery file behind the clean one.
+    if (ws.Unloaded && !ForExit) return;
     // Without a data directory there is no place for the files; a relative name would land in
     // whatever folder the program was started from.
     if (ws.DataPath.isEmpty()) return;

@@ -140,7 +140,7 @@ void StartRename(Workspace& ws, int i) {
     field.Top = TitleAtTop(ws, i) ? 50 : ws.Group(i).Height - 300;
     field.Visible = true;
     field.ZOrder(0);
-    // The view gives the visible field the focus and selects its text.
+    ws.SetFocus(field);
 }
 
 void RenameTextChanged(Workspace& ws, int i) { ws.lblName(i).Caption = ws.groupName(i).Text.get(); }

@@ -72,7 +72,9 @@ void UnfoldContainer(Workspace& ws, int i) {
         g.Top = top >= 0 ? top : 0;
     }
     g.ZOrder(0);
-    // The view puts the keyboard focus into a visible note or a feed's headlines.
+    // The keyboard goes to the content: a feed's headlines, or a visible note.
+    if (r.IsFeed && ws.LstRSS.exists(r.FeedIndex)) ws.SetFocus(ws.LstRSS(r.FeedIndex));
+    else if (ws.txtNote(i).Visible) ws.SetFocus(ws.txtNote(i));
 }
 
 void chkFold_MouseUp(Workspace& ws) { ws.playSound(QStringLiteral("fold.wav")); }

@@ -51,6 +51,7 @@ void ElementView::applyAll(Element& e) {
     }
     w->setToolTip(e.ToolTipText.get());
     w->setEnabled(e.Enabled);
+    if (auto* ew = qobject_cast<ElementWidget*>(w)) ew->mirror(Prop::Text);
     w->setAccessibleName(e.Caption.get());
     if (!windows_.count(&e)) w->setVisible(e.Visible);
     w->update();
@@ -121,11 +122,10 @@ void ElementView::elementChanged(Element& e, Prop p) {
     case Prop::CornerRadius:
         if (auto* ew = qobject_cast<ElementWidget*>(w)) ew->setCornerRadius(e.CornerRadius);
         break;
-    case Prop::Caption:
-        w->setAccessibleName(e.Caption.get());
-        w->update();
+    default:
+        if (auto* ew = qobject_cast<ElementWidget*>(w)) ew->mirror(p);
+        else w->update();
         break;
-    default: w->update(); break;
     }
 }
 

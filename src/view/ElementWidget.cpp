@@ -1,13 +1,20 @@
 #include "view/ElementWidget.h"
 
 #include "app/elements/Element.h"
+#include "platform/qt/FileIcons.h"
 
 #include <QBitmap>
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPainterPath>
+#include <QPlainTextEdit>
+#include <QVBoxLayout>
 
 namespace pd {
+
+namespace {
+const QString kFileIcon = QStringLiteral("fileicon:");
+} // namespace
 
 QColor ToQColor(int32_t bgr) {
     const auto v = static_cast<uint32_t>(bgr);
@@ -18,14 +25,100 @@ ElementWidget::ElementWidget(Element& e, QWidget* parent) : QWidget(parent), e_(
     const QString name = e.Index() < 0 ? e.Name() : e.Name() + QLatin1Char('_') + QString::number(e.Index());
     setObjectName(name);
     setAccessibleName(e.Caption.get());
+    // Hover over a tile or a button opens or highlights it, so moves count without a button held.
+    setMouseTracking(true);
+    if (e.Name() == QLatin1String("groupName")) {
+        line_ = new QLineEdit(this);
+        line_->setFrame(false);
+        connect(line_, &QLineEdit::textEdited, this, [this] {
+            if (syncing_) return;
+            e_.Text.setFromView(line_->text());
+            if (onTextEdited) onTextEdited(*this);
+        });
+        connect(line_, &QLineEdit::returnPressed, this, [this] {
+            if (onReturn) onReturn(*this);
+        });
+        line_->installEventFilter(this);
+    } else if (e.Name() == QLatin1String("txtNote")) {
+        note_ = new QPlainTextEdit(this);
+        note_->setFrameShape(QFrame::NoFrame);
+        connect(note_, &QPlainTextEdit::textChanged, this, [this] {
+            if (syncing_) return;
+            // A note keeps CR LF line breaks, as its file stores them.
+            QString text = note_->toPlainText();
+            text.replace(QLatin1Char('\n'), QLatin1String("\r\n"));
+            e_.Text.setFromView(text);
+            if (onTextEdited) onTextEdited(*this);
+        });
+        note_->installEventFilter(this);
+    }
+    if (hasEditor()) {
+        auto* layout = new QVBoxLayout(this);
+        layout->setContentsMargins(0, 0, 0, 0);
+        layout->addWidget(line_ ? static_cast<QWidget*>(line_) : note_);
+        syncEditor();
+    }
 }
 
 ElementWidget::~ElementWidget() {
     if (e_.viewHandle == this) e_.viewHandle = nullptr;
 }
 
+void ElementWidget::syncEditor() {
+    if (!hasEditor()) return;
+    syncing_ = true;
+    QWidget* ed = line_ ? static_cast<QWidget*>(line_) : note_;
+    QPalette pal = ed->palette();
+    pal.setColor(QPalette::Base, ToQColor(e_.BackColor));
+    pal.setColor(QPalette::Text, ToQColor(e_.ForeColor));
+    ed->setPalette(pal);
+    QFont f(e_.FontName.get());
+    f.setPointSizeF(e_.FontSize > 0 ? e_.FontSize : 8);
+    f.setBold(e_.FontBold);
+    ed->setFont(f);
+    if (line_ && line_->text() != e_.Text.get()) line_->setText(e_.Text.get());
+    if (note_) {
+        QString shown = e_.Text.get();
+        shown.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+        if (note_->toPlainText() != shown) note_->setPlainText(shown);
+    }
+    syncing_ = false;
+}
+
+void ElementWidget::mirror(Prop p) {
+    switch (p) {
+    case Prop::Text:
+    case Prop::ForeColor:
+    case Prop::BackColor:
+    case Prop::FontBold:
+    case Prop::FontSize:
+    case Prop::FontName: syncEditor(); break;
+    case Prop::Caption: setAccessibleName(e_.Caption.get()); break;
+    default: break;
+    }
+    update();
+}
+
+void ElementWidget::focusEditor() {
+    if (line_) {
+        line_->setFocus();
+        line_->selectAll();
+    } else if (note_) {
+        note_->setFocus();
+    }
+}
+
+bool ElementWidget::eventFilter(QObject* watched, QEvent* ev) {
+    if (ev->type() == QEvent::FocusIn && watched == line_) line_->selectAll();
+    if (ev->type() == QEvent::FocusOut && onFocusLost) onFocusLost(*this);
+    return QWidget::eventFilter(watched, ev);
+}
+
 void ElementWidget::reloadPicture() {
-    picture_ = e_.Picture.get().isEmpty() ? QPixmap() : QPixmap(e_.Picture.get());
+    const QString& pic = e_.Picture.get();
+    if (pic.isEmpty()) picture_ = QPixmap();
+    else if (pic.startsWith(kFileIcon)) picture_ = FileIconPixmap(pic.mid(kFileIcon.size()), 64);
+    else picture_ = QPixmap(pic);
     update();
 }
 
@@ -71,6 +164,16 @@ void ElementWidget::paintEvent(QPaintEvent*) {
 void ElementWidget::mousePressEvent(QMouseEvent* ev) {
     if (onPress) onPress(*this, *ev);
     else QWidget::mousePressEvent(ev);
+}
+
+void ElementWidget::mouseReleaseEvent(QMouseEvent* ev) {
+    if (onRelease) onRelease(*this, *ev);
+    else QWidget::mouseReleaseEvent(ev);
+}
+
+void ElementWidget::mouseMoveEvent(QMouseEvent* ev) {
+    if (onMove) onMove(*this, *ev);
+    else QWidget::mouseMoveEvent(ev);
 }
 
 void ElementWidget::mouseDoubleClickEvent(QMouseEvent* ev) {

@@ -1,14 +1,19 @@
 #pragma once
-// The widget that draws one element: its back colour (unless transparent), its picture, its caption.
+// The widget that shows one element: its back colour (unless transparent), its picture, its caption.
+// Elements that take typed text (a container's rename field, a note) hold a real editor inside.
 
 #include <QPixmap>
 #include <QWidget>
 
 #include <functional>
 
+class QLineEdit;
+class QPlainTextEdit;
+
 namespace pd {
 
 class Element;
+enum class Prop : uint8_t;
 
 class ElementWidget : public QWidget {
     Q_OBJECT
@@ -20,21 +25,41 @@ public:
     void reloadPicture();
     // A rounded outline of the given radius in pixels; 0 for a plain rectangle.
     void setCornerRadius(int px);
+    // Shows a change of the element's look (text, colours, font).
+    void mirror(Prop p);
+    // Gives the editor, if any, the keyboard focus with its whole text selected.
+    void focusEditor();
+    bool hasEditor() const { return line_ || note_; }
 
-    // Mouse presses and releases, with the button (1 left, 2 right, 4 middle) and the shift mask.
+    // Mouse events, with the pointer in the widget's pixels.
     std::function<void(ElementWidget&, QMouseEvent&)> onPress;
+    std::function<void(ElementWidget&, QMouseEvent&)> onRelease;
+    std::function<void(ElementWidget&, QMouseEvent&)> onMove;
     std::function<void(ElementWidget&, QMouseEvent&)> onDoubleClick;
+    // The editor's text was changed by the user; Enter was pressed in a one-line editor; the editor
+    // lost the keyboard focus.
+    std::function<void(ElementWidget&)> onTextEdited;
+    std::function<void(ElementWidget&)> onReturn;
+    std::function<void(ElementWidget&)> onFocusLost;
 
 protected:
     void paintEvent(QPaintEvent*) override;
     void mousePressEvent(QMouseEvent* ev) override;
+    void mouseReleaseEvent(QMouseEvent* ev) override;
+    void mouseMoveEvent(QMouseEvent* ev) override;
     void mouseDoubleClickEvent(QMouseEvent* ev) override;
     void resizeEvent(QResizeEvent* ev) override;
+    bool eventFilter(QObject* watched, QEvent* ev) override;
 
 private:
+    void syncEditor();
+
     Element& e_;
     QPixmap picture_;
     int radius_ = 0;
+    QLineEdit* line_ = nullptr;
+    QPlainTextEdit* note_ = nullptr;
+    bool syncing_ = false;
 };
 
 // 0x00BBGGRR as a colour.

@@ -27,6 +27,11 @@ void MenuView::build(MenuEntry& m, QMenu* parent) {
         menusByName_[m.Name()] = sub;
         actions_[&m] = sub->menuAction();
         for (MenuEntry* c : m.children()) build(*c, sub);
+    } else if (m.Caption() == QLatin1String("-")) {
+        QAction* sep = parent->addSeparator();
+        sep->setObjectName(m.objectName());
+        actions_[&m] = sep;
+        return;
     } else {
         QAction* a = parent->addAction(QString());
         a->setObjectName(m.objectName());

@@ -8,6 +8,7 @@
 #include "platform/qt/ProgramIcon.h"
 #include "platform/qt/QtPlatform.h"
 #include "platform/qt/SignalBridge.h"
+#include "view/ElementInput.h"
 #include "view/ElementView.h"
 #include "view/ElementWidget.h"
 #include "view/MainView.h"
@@ -20,30 +21,6 @@
 
 namespace pd {
 
-namespace {
-
-// Presses on the title band move the window or open the main menu.
-void WireTitleBand(Workspace& ws, ElementWidget& w, TopWindow& main, MenuView& menus) {
-    const QString& name = w.element().Name();
-    if (name != QLatin1String("picMoveMe") && name != QLatin1String("lblCaption")) return;
-    w.onPress = [&ws, &main, &menus](ElementWidget&, QMouseEvent& ev) {
-        if (ev.button() == Qt::LeftButton) {
-            if (QWindow* h = main.windowHandle()) h->startSystemMove();
-        } else if (QMenu* m = menus.menu(QStringLiteral("mnuMain"))) {
-            m->popup(ev.globalPosition().toPoint());
-        }
-        Q_UNUSED(ws);
-    };
-    if (name == QLatin1String("lblCaption")) {
-        w.onDoubleClick = [&ws](ElementWidget&, QMouseEvent&) {
-            Element& win = ws.frmMain(0);
-            if (win.WindowState == 2) win.WindowState = 0;
-            else if (win.WindowState == 0) win.WindowState = 2;
-        };
-    }
-}
-
-} // namespace
 
 int RunProgram(int argc, char** argv) {
     QApplication app(argc, argv);
@@ -77,7 +54,11 @@ int RunProgram(int argc, char** argv) {
         if (&e == &ws.frmMain(0)) mainWindow.apply(p);
         else splash.apply(p);
     };
-    view.onWidgetCreated = [&](ElementWidget& w) { WireTitleBand(ws, w, mainWindow, menus); };
+    InputContext input{ws, mainWindow, menus};
+    view.onWidgetCreated = [&input](ElementWidget& w) { WireElementInput(input, w); };
+    ws.onFocusRequest = [&view](Element& e) {
+        if (auto* w = qobject_cast<ElementWidget*>(view.widget(e))) w->focusEditor();
+    };
     view.attach();
 
     auto toggleWindow = [&ws] {

@@ -31,6 +31,13 @@ const int kCheckSettingCount = sizeof kCheckSettings / sizeof kCheckSettings[0];
 
 void DeclareCoreMenus(Menus& menus) {
     menus.add("mnuMain", "Perchdock");
+    menus.add("mnuNew", "&Container", "mnuMain").setShortcut("Ctrl+C");
+    menus.add("mnuNewNote", "&Note", "mnuMain").setShortcut("Ctrl+N");
+    menus.add("mnuSepNew", "-", "mnuMain");
+    menus.add("mnuFoldAll", "&Fold/Unfold All", "mnuMain").setShortcut("Ctrl+F2");
+    menus.add("mnuShrinkAll", "S&hrink/Expand All", "mnuMain").setShortcut("Ctrl+F1");
+    menus.add("mnuClearWorkSpace", "Clear Workspace", "mnuMain");
+    menus.add("mnuSepWorkspace", "-", "mnuMain");
     menus.add("mnuSave", "&Save Workspace", "mnuMain").setShortcut("Ctrl+S");
     menus.add("mnuReload", "&Ignore Changes && Restart", "mnuMain");
     menus.add("mnuOptions", "&Options", "mnuMain");
@@ -47,6 +54,13 @@ void DeclareCoreMenus(Menus& menus) {
     menus.add("mnuCheckForUpdate", "Check for &Update", "mnuMain");
     menus.add("mnuAbout", "&About", "mnuMain");
     menus.add("mnuExitMainWin", "E&xit", "mnuMain");
+
+    // The menu of a container's title.
+    menus.add("mnuLink", "Container");
+    menus.add("mnuLinkEdit", "Rename", "mnuLink");
+    MenuEntry& del = menus.add("mnuDeleteContainer", "&Delete", "mnuLink");
+    // Shows only while the menu was opened on a container: commands that add objects look at it.
+    del.setVisible(false);
 
     // The tray icon's menu.
     menus.add("mnuTray", "Perchdock");

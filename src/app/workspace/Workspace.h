@@ -194,6 +194,11 @@ public:
     QString dataFile(const QString& name) const;
     QString programFile(const QString& name) const;
 
+    // Gives an element the keyboard focus (an editor selects its text); the view sets the hook.
+    void SetFocus(Element& e) {
+        if (onFocusRequest) onFocusRequest(e);
+    }
+    std::function<void(Element&)> onFocusRequest;
     // Lets the view paint the splash's new status line at once, while the load still holds the thread.
     std::function<void()> onStatusShown;
     // Asks the view to close the process's windows and quit; set by the view, null when headless.

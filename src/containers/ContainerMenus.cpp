@@ -1,0 +1,33 @@
+#include "containers/ContainerMenus.h"
+
+#include "app/workspace/Workspace.h"
+#include "containers/ContainerFiles.h"
+#include "containers/Containers.h"
+#include "containers/Folding.h"
+#include "containers/Shrinking.h"
+
+namespace pd {
+
+void WireContainerCommands(Workspace& ws) {
+    Workspace* w = &ws;
+    ws.menus["mnuNew"].onClick = [w] { mnuNew_Click(*w); };
+    ws.menus["mnuNewNote"].onClick = [w] { mnuNewNote_Click(*w); };
+    ws.menus["mnuFoldAll"].onClick = [w] { mnuFoldAll_Click(*w); };
+    ws.menus["mnuShrinkAll"].onClick = [w] { mnuShrinkAll_Click(*w); };
+    ws.menus["mnuClearWorkSpace"].onClick = [w] { mnuClearWorkSpace_Click(*w); };
+    ws.menus["mnuDeleteContainer"].onClick = [w] { mnuDeleteContainer_Click(*w); };
+    ws.menus["mnuCaptureContainers"].onClick = [w] { mnuCaptureContainers_Click(*w); };
+    ws.menus["mnuLinkEdit"].onClick = [w] {
+        if (w->menus["mnuLinkEdit"].Caption() == QLatin1String("Rename")) StartRename(*w, w->SelectedContainer);
+    };
+}
+
+const char* TitleContextMenu(Workspace& ws, int i) {
+    if (ws.menus["mnuLock"].Checked()) return "";
+    ws.SelectedContainer = static_cast<int16_t>(i);
+    ws.menus["mnuLinkEdit"].setCaption(QStringLiteral("Rename"));
+    ws.menus["mnuDeleteContainer"].setVisible(true);
+    return "mnuLink";
+}
+
+} // namespace pd

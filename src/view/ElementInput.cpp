@@ -1,0 +1,126 @@
+#include "view/ElementInput.h"
+
+#include "app/WorkspaceFile.h"
+#include "app/workspace/Workspace.h"
+#include "containers/ContainerMenus.h"
+#include "containers/Containers.h"
+#include "containers/Folding.h"
+#include "containers/Shrinking.h"
+#include "desk/Notes.h"
+#include "view/ElementWidget.h"
+#include "view/MainView.h"
+#include "view/MenuView.h"
+
+#include <QMenu>
+#include <QMouseEvent>
+#include <QWindow>
+
+namespace pd {
+
+namespace {
+
+using Handler = std::function<void(ElementWidget&, QMouseEvent&)>;
+
+bool Left(const QMouseEvent& ev) { return ev.button() == Qt::LeftButton; }
+
+void Popup(InputContext& ctx, const QString& name, const QMouseEvent& ev) {
+    if (name != QLatin1String("mnuLink")) ctx.ws.menus["mnuDeleteContainer"].setVisible(false);
+    if (QMenu* m = ctx.menus.menu(name)) m->popup(ev.globalPosition().toPoint());
+}
+
+// A left press that changes the container, then a save of the recovery file.
+Handler OnLeftPress(Workspace& ws, void (*action)(Workspace&, int)) {
+    return [&ws, action](ElementWidget& w, QMouseEvent& ev) {
+        if (!Left(ev)) return;
+        const int i = w.element().Index();
+        ws.SelectedContainer = static_cast<int16_t>(i);
+        action(ws, i);
+        SaveDesktop(ws, true, false);
+    };
+}
+
+void WireTitleBand(InputContext& ctx, ElementWidget& w) {
+    Workspace& ws = ctx.ws;
+    w.onPress = [&ctx](ElementWidget&, QMouseEvent& ev) {
+        if (Left(ev)) {
+            if (QWindow* h = ctx.main.windowHandle()) h->startSystemMove();
+        } else {
+            Popup(ctx, QStringLiteral("mnuMain"), ev);
+        }
+    };
+    if (w.element().Name() == QLatin1String("lblCaption")) {
+        w.onDoubleClick = [&ws](ElementWidget&, QMouseEvent&) {
+            Element& win = ws.frmMain(0);
+            if (win.WindowState == 2) win.WindowState = 0;
+            else if (win.WindowState == 0) win.WindowState = 2;
+        };
+    }
+}
+
+} // namespace
+
+void WireElementInput(InputContext& ctx, ElementWidget& w) {
+    Workspace& ws = ctx.ws;
+    const QString& name = w.element().Name();
+    const int i = w.element().Index();
+    if (name == QLatin1String("picMoveMe") || name == QLatin1String("lblCaption")) {
+        WireTitleBand(ctx, w);
+    } else if (name == QLatin1String("picBack")) {
+        // The mouse on the bare background has left every tile.
+        w.onMove = [&ws](ElementWidget&, QMouseEvent&) { ShrinkBackContainer(ws); };
+        w.onPress = [&ctx](ElementWidget&, QMouseEvent& ev) {
+            if (ev.button() == Qt::RightButton) Popup(ctx, QStringLiteral("mnuMain"), ev);
+        };
+    } else if (name == QLatin1String("chkFold")) {
+        w.onPress = OnLeftPress(ws, FoldContainer);
+        w.onRelease = [&ws](ElementWidget&, QMouseEvent& ev) {
+            if (Left(ev)) chkFold_MouseUp(ws);
+        };
+    } else if (name == QLatin1String("chkUnfold")) {
+        w.onPress = OnLeftPress(ws, UnfoldContainer);
+        w.onRelease = [&ws](ElementWidget&, QMouseEvent& ev) {
+            if (Left(ev)) chkUnfold_MouseUp(ws);
+        };
+    } else if (name == QLatin1String("picShrink")) {
+        w.onPress = OnLeftPress(ws, ToggleShrink);
+        w.onMove = [&ws, i](ElementWidget&, QMouseEvent&) { ShrinkHover(ws, i); };
+    } else if (name == QLatin1String("ShrinkIcon")) {
+        w.onMove = [&ws](ElementWidget&, QMouseEvent&) { ShrinkBackContainer(ws); };
+        w.onPress = [&ctx, i](ElementWidget&, QMouseEvent& ev) {
+            ctx.ws.SelectedContainer = static_cast<int16_t>(i);
+            ctx.ws.Group(i).ZOrder(0);
+            if (ev.button() == Qt::RightButton) {
+                const QString menu = QString::fromLatin1(TitleContextMenu(ctx.ws, i));
+                if (!menu.isEmpty()) Popup(ctx, menu, ev);
+            }
+        };
+    } else if (name == QLatin1String("picPinNote")) {
+        w.onPress = OnLeftPress(ws, ShowNote);
+    } else if (name == QLatin1String("picPin")) {
+        w.onPress = OnLeftPress(ws, HideNote);
+    } else if (name == QLatin1String("lblName")) {
+        w.onDoubleClick = [&ws, i](ElementWidget&, QMouseEvent& ev) {
+            if (!Left(ev)) return;
+            lblName_DblClick(ws, i);
+            SaveDesktop(ws, true, false);
+        };
+        w.onPress = [&ctx, i](ElementWidget&, QMouseEvent& ev) {
+            ctx.ws.SelectedContainer = static_cast<int16_t>(i);
+            if (ev.button() == Qt::RightButton) {
+                const QString menu = QString::fromLatin1(TitleContextMenu(ctx.ws, i));
+                if (!menu.isEmpty()) Popup(ctx, menu, ev);
+            }
+        };
+    } else if (name == QLatin1String("groupName")) {
+        w.onTextEdited = [&ws, i](ElementWidget&) { RenameTextChanged(ws, i); };
+        w.onReturn = [&ws, i](ElementWidget&) { RenameFinished(ws, i, false); };
+        w.onFocusLost = [&ws, i](ElementWidget&) {
+            if (ws.groupName(i).Visible) RenameFinished(ws, i, true);
+        };
+    } else if (name == QLatin1String("txtNote")) {
+        // A note is saved when it loses the focus.
+        w.onFocusLost = [&ws](ElementWidget&) { SaveDesktop(ws, true, false); };
+    }
+}
+
+} // namespace pd

@@ -1,0 +1,20 @@
+#pragma once
+// Turns mouse and editor events on element widgets into calls of the workspace's handlers.
+
+namespace pd {
+
+class Workspace;
+class ElementWidget;
+class MenuView;
+class TopWindow;
+
+struct InputContext {
+    Workspace& ws;
+    TopWindow& main;
+    MenuView& menus;
+};
+
+// Connects the widget's events according to its element's family.
+void WireElementInput(InputContext& ctx, ElementWidget& w);
+
+} // namespace pd
