@@ -3,9 +3,12 @@
 #include "app/MainWindow.h"
 #include "app/workspace/Workspace.h"
 #include "view/ElementWidget.h"
+#include "window/WindowBands.h"
 
 #include <QBitmap>
 #include <QCloseEvent>
+#include <QMouseEvent>
+#include <QWindow>
 #include <QPainter>
 
 #include <cmath>
@@ -16,6 +19,7 @@ TopWindow::TopWindow(Workspace& ws, Element& e, Qt::WindowFlags flags) : QWidget
     setObjectName(e.Name());
     setWindowTitle(QStringLiteral("Perchdock"));
     setAttribute(Qt::WA_QuitOnClose, false);
+    setMouseTracking(true);
 }
 
 bool TopWindow::settling() const { return placed_.isValid() && placed_.elapsed() < 500; }
@@ -124,6 +128,43 @@ void TopWindow::changeEvent(QEvent* ev) {
     const int state = (windowState() & Qt::WindowMinimized) ? 1 : (windowState() & Qt::WindowMaximized) ? 2 : 0;
     e_.WindowState.setFromView(state);
     if (&e_ == &ws_.frmMain(0)) MainWindowResize(ws_);
+}
+
+void TopWindow::mousePressEvent(QMouseEvent* ev) {
+    // Only the window's own frame and the area outside picBack reach here: its bands move and size it.
+    if (&e_ != &ws_.frmMain(0) || ev->button() != Qt::LeftButton) return;
+    QWindow* handle = windowHandle();
+    if (!handle) return;
+    const float X = static_cast<float>(ev->position().x()) * ws_.TwipsPerPixelX();
+    const float Y = static_cast<float>(ev->position().y()) * ws_.TwipsPerPixelY();
+    const int hit = WindowHitTest(X, Y, e_.Width, e_.Height);
+    switch (hit) {
+    case 2: handle->startSystemMove(); break;
+    case 10: handle->startSystemResize(Qt::LeftEdge); break;
+    case 11: handle->startSystemResize(Qt::RightEdge); break;
+    case 12: handle->startSystemResize(Qt::TopEdge); break;
+    case 13: handle->startSystemResize(Qt::TopEdge | Qt::LeftEdge); break;
+    case 14: handle->startSystemResize(Qt::TopEdge | Qt::RightEdge); break;
+    case 15: handle->startSystemResize(Qt::BottomEdge); break;
+    case 16: handle->startSystemResize(Qt::BottomEdge | Qt::LeftEdge); break;
+    case 17: handle->startSystemResize(Qt::BottomEdge | Qt::RightEdge); break;
+    default: break;
+    }
+}
+
+void TopWindow::mouseMoveEvent(QMouseEvent* ev) {
+    if (&e_ != &ws_.frmMain(0) || e_.WindowState == 2) return;
+    const float X = static_cast<float>(ev->position().x()) * ws_.TwipsPerPixelX();
+    const float Y = static_cast<float>(ev->position().y()) * ws_.TwipsPerPixelY();
+    Qt::CursorShape shape = Qt::ArrowCursor;
+    switch (WindowPointer(X, Y, e_.Width, e_.Height)) {
+    case 6: shape = Qt::SizeBDiagCursor; break;
+    case 7: shape = Qt::SizeVerCursor; break;
+    case 8: shape = Qt::SizeFDiagCursor; break;
+    case 9: shape = Qt::SizeHorCursor; break;
+    default: break;
+    }
+    if (cursor().shape() != shape) setCursor(shape);
 }
 
 void TopWindow::closeEvent(QCloseEvent* ev) {

@@ -28,6 +28,8 @@ protected:
     void resizeEvent(QResizeEvent* ev) override;
     void changeEvent(QEvent* ev) override;
     void closeEvent(QCloseEvent* ev) override;
+    void mousePressEvent(QMouseEvent* ev) override;
+    void mouseMoveEvent(QMouseEvent* ev) override;
 
 private:
     // True shortly after this program placed the window: the window manager's answer to that placement

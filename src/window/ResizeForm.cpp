@@ -1,6 +1,7 @@
 #include "window/ResizeForm.h"
 
 #include "app/workspace/Workspace.h"
+#include "window/Wallpaper.h"
 
 namespace pd {
 
@@ -13,9 +14,13 @@ void ResizeForm(Workspace& ws, bool immediate) {
     ws.PicDock(0).Left = back.Width - 16 * ws.TwipsPerPixelX() - 130;
     ws.PicLockToolbar(0).Left = ws.PicDock(0).Left - 320;
     ws.PicUnLockToolbar(0).Left = ws.PicDock(0).Left - 320;
-    // The stretched wallpaper follows picBack's size; the view redraws it from imgBack.
-    Q_UNUSED(immediate);
-    ws.imgBack(0).Move(0, 0, back.Width, back.Height);
+    // Stretching the wallpaper is the costly step: while the user drags an edge it waits for the
+    // window to come to rest.
+    if (immediate) RedrawWallpaper(ws);
+    else ws.TimerResizePic.setEnabled(true);
+    // The window's outlines are the view's: rounded at 11 pixels, the title band at 7.
+    back.CornerRadius = 11;
+    ws.picMoveMe(0).CornerRadius = 7;
 }
 
 } // namespace pd

@@ -156,3 +156,35 @@ TEST(Workspace, AShortcutLabelSizesItselfToItsCaption) {
     label.Caption = QStringLiteral("A much longer caption");
     EXPECT_GT(label.Width.get(), px.width() * 15.0f);
 }
+
+#include "window/WindowBands.h"
+
+TEST(WindowBands, HitTableWithItsStrictLimits) {
+    const float W = 6000, H = 4000;
+    EXPECT_EQ(WindowHitTest(10, 10, W, H), 13);
+    EXPECT_EQ(WindowHitTest(160, 10, W, H), 12); // X = 160 is the top band, not the corner
+    EXPECT_EQ(WindowHitTest(W - 160, 10, W, H), 12);
+    EXPECT_EQ(WindowHitTest(W - 159, 10, W, H), 14);
+    EXPECT_EQ(WindowHitTest(3000, 200, W, H), 2);
+    EXPECT_EQ(WindowHitTest(10, 299, W, H), 2);
+    EXPECT_EQ(WindowHitTest(10, 300, W, H), 10);
+    EXPECT_EQ(WindowHitTest(3000, 2000, W, H), 0);
+    EXPECT_EQ(WindowHitTest(W - 10, 2000, W, H), 11);
+    EXPECT_EQ(WindowHitTest(10, H - 160, W, H), 10);
+    EXPECT_EQ(WindowHitTest(10, H - 159, W, H), 16);
+    EXPECT_EQ(WindowHitTest(3000, H - 10, W, H), 15);
+    EXPECT_EQ(WindowHitTest(W - 10, H - 10, W, H), 17);
+}
+
+TEST(WindowBands, PointerTableKeepsItsSixes) {
+    const float W = 6000, H = 4000;
+    EXPECT_EQ(WindowPointer(10, 10, W, H), 8);
+    EXPECT_EQ(WindowPointer(3000, 10, W, H), 7);
+    EXPECT_EQ(WindowPointer(W - 10, 10, W, H), 6);
+    EXPECT_EQ(WindowPointer(3000, 200, W, H), 6); // the title band
+    EXPECT_EQ(WindowPointer(10, 2000, W, H), 9);
+    EXPECT_EQ(WindowPointer(3000, 2000, W, H), 0);
+    EXPECT_EQ(WindowPointer(10, H - 10, W, H), 6); // the lower left
+    EXPECT_EQ(WindowPointer(3000, H - 10, W, H), 7);
+    EXPECT_EQ(WindowPointer(W - 10, H - 10, W, H), 8);
+}

@@ -1,6 +1,7 @@
 #include "app/workspace/Workspace.h"
 
 #include "app/workspace/SettingsMenus.h"
+#include "window/Wallpaper.h"
 
 #include <QDir>
 
@@ -67,6 +68,10 @@ Workspace::Workspace(Platform& p, Clock& c) : platform(p), clock(c) {
     imgBack(0).BackStyle = 0;
     imgPicture(0).Stretch = true;
     picTemp(0).Stretch = true;
+
+    // The wallpaper waits for the first resize after the load.
+    TimerResizePic.onTimer = [this] { TimerResizePic_Timer(*this); };
+    TimerResizePic.setEnabled(true);
 
     Containers.resize(2);
     Links.resize(2);
