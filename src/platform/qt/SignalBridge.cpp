@@ -1,5 +1,6 @@
 #include "platform/qt/SignalBridge.h"
 
+#include <QCoreApplication>
 #include <QSocketNotifier>
 
 #include <csignal>
@@ -20,7 +21,8 @@ void OnSignal(int) {
 
 void InstallTerminationHandler(std::function<void()> onSignal) {
     if (::socketpair(AF_UNIX, SOCK_STREAM, 0, g_pipe) != 0) return;
-    auto* notifier = new QSocketNotifier(g_pipe[1], QSocketNotifier::Read);
+    // Owned by the application, so that it goes with it.
+    auto* notifier = new QSocketNotifier(g_pipe[1], QSocketNotifier::Read, QCoreApplication::instance());
     QObject::connect(notifier, &QSocketNotifier::activated, [onSignal = std::move(onSignal)] {
         char b;
         [[maybe_unused]] ssize_t n = ::read(g_pipe[1], &b, 1);
