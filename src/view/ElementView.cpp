@@ -95,6 +95,11 @@ void ElementView::restack(Element& e) {
     w->raise();
 }
 
+void ElementView::elementUnloading(Element& e) {
+    if (QWidget* w = widget(e); w && !windows_.count(&e)) delete w;
+    e.viewHandle = nullptr;
+}
+
 void ElementView::elementChanged(Element& e, Prop p) {
     if (windows_.count(&e)) {
         if (onWindowChanged) onWindowChanged(e, p);

@@ -27,6 +27,7 @@ public:
 
     void elementLoaded(Element& e) override;
     void elementChanged(Element& e, Prop p) override;
+    void elementUnloading(Element& e) override;
 
     // Changes of a window's element, for the window to apply itself.
     std::function<void(Element&, Prop)> onWindowChanged;

@@ -188,3 +188,30 @@ TEST(WindowBands, PointerTableKeepsItsSixes) {
     EXPECT_EQ(WindowPointer(3000, H - 10, W, H), 7);
     EXPECT_EQ(WindowPointer(W - 10, H - 10, W, H), 8);
 }
+
+#include "window/Grid.h"
+
+TEST(Grid, LinesEvery250TwipsOverTheTargetAndGoneAfterwards) {
+    pd::test::TestWorkspace t;
+    Workspace& ws = *t.ws;
+    Element& back = ws.picBack(0);
+    back.Move(50, 50, 1000, 600);
+    back.ForeColor = 0x00FF00;
+    ShowGrid(ws, 250, 250, back);
+    // 1000 / 250 = 4 extra vertical lines, 600 / 250 = 2.4 -> 2 horizontal ones.
+    EXPECT_EQ(ws.GridLinesV, 4);
+    EXPECT_EQ(ws.GridLinesH, 2);
+    EXPECT_EQ(ws.VerS(0).Left.get(), 250.0f);
+    EXPECT_EQ(ws.VerS(4).Left.get(), 1250.0f);
+    EXPECT_EQ(ws.HorS(2).Top.get(), 750.0f);
+    EXPECT_EQ(ws.VerS(0).Height.get(), 600.0f);
+    EXPECT_EQ(ws.HorS(0).Width.get(), 1000.0f);
+    EXPECT_EQ(ws.VerS(3).BackColor.get(), 0x00FF00);
+    EXPECT_TRUE(ws.VerSIndic(0).Visible.get());
+    EXPECT_EQ(ws.VerS(2).Container(), &back);
+    HideGrid(ws);
+    EXPECT_FALSE(ws.VerS(0).Visible.get());
+    EXPECT_FALSE(ws.HorSIndic(0).Visible.get());
+    EXPECT_FALSE(ws.VerS.exists(1));
+    EXPECT_EQ(ws.VerS.Count(), 1);
+}

@@ -45,6 +45,8 @@ public:
     virtual ~ElementSink() = default;
     virtual void elementLoaded(Element& e) = 0;
     virtual void elementChanged(Element& e, Prop p) = 0;
+    // A member is about to go (only short-lived members such as grid lines are ever unloaded).
+    virtual void elementUnloading(Element& e) { (void)e; }
 };
 
 // A property value that tells its element when it changes, so that `Group(i).Left = 300;` reads as

@@ -21,4 +21,11 @@ Element& ElementFamily::Load(int i) {
     return e;
 }
 
+void ElementFamily::Unload(int i) {
+    if (i <= 0 || !exists(i)) return;
+    if (ElementSink* s = sink()) s->elementUnloading(*members_[i]);
+    members_[i].reset();
+    while (members_.size() > 1 && !members_.back()) members_.pop_back();
+}
+
 } // namespace pd

@@ -27,6 +27,9 @@ public:
 
     // Loads member `i` (copying member 0's design) if it is not there yet; returns it.
     Element& Load(int i);
+    // Removes member `i` (never member 0). Families of objects keep their members for the whole run;
+    // only helper elements such as the grid's lines come and go.
+    void Unload(int i);
     // One past the highest member loaded: loops run from 0 to Count() - 1 and skip gaps.
     int Count() const { return static_cast<int>(members_.size()); }
     int UBound() const { return Count() - 1; }

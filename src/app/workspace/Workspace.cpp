@@ -69,6 +69,15 @@ Workspace::Workspace(Platform& p, Clock& c) : platform(p), clock(c) {
     imgPicture(0).Stretch = true;
     picTemp(0).Stretch = true;
 
+    for (ElementFamily* f : {&VerS, &HorS, &VerSIndic, &HorSIndic}) {
+        (*f)(0).Visible = false;
+        (*f)(0).setContainer(&picBack(0));
+    }
+    VerS(0).Width = 15;
+    HorS(0).Height = 15;
+    VerSIndic(0).Width = 15;
+    HorSIndic(0).Height = 15;
+
     // The wallpaper waits for the first resize after the load.
     TimerResizePic.onTimer = [this] { TimerResizePic_Timer(*this); };
     TimerResizePic.setEnabled(true);
@@ -110,6 +119,7 @@ void Workspace::ContainerDesign() {
 std::vector<ElementFamily*> Workspace::families() {
     return {&frmMain,       &picBack,   &imgBack,        &picMoveMe,        &lblCaption,
             &PicShrinkExpandAllToolbar, &PicFoldUnfoldAllToolbar, &PicRSSRefreshALL, &ImgLock,
+            &VerS, &HorS, &VerSIndic, &HorSIndic,
             &lblVersion,    &PicDock,   &PicLockToolbar, &PicUnLockToolbar, &lblRSSRefresh,
             &PicJumpToLink, &PicJumpToLinkTop, &Group,   &grpBorder,        &lblName,
             &groupName,     &chkFold,   &chkUnfold,      &picShrink,        &ShrinkIcon,
@@ -133,6 +143,10 @@ void Workspace::Dispatch::elementChanged(Element& e, Prop p) {
         e.Height = static_cast<float>(px.height()) * ws->TwipsPerPixelY();
     }
     if (ws->sink) ws->sink->elementChanged(e, p);
+}
+
+void Workspace::Dispatch::elementUnloading(Element& e) {
+    if (ws->sink) ws->sink->elementUnloading(e);
 }
 
 void Workspace::showStatus(const QString& text) {

@@ -47,6 +47,7 @@ private:
         explicit Dispatch(Workspace* w) : ws(w) {}
         void elementLoaded(Element& e) override;
         void elementChanged(Element& e, Prop p) override;
+        void elementUnloading(Element& e) override;
     };
     Dispatch dispatch_{this};
     ElementSink* dispatchPtr_ = &dispatch_;
@@ -67,6 +68,14 @@ public:
     ElementFamily PicFoldUnfoldAllToolbar{"PicFoldUnfoldAllToolbar", &dispatchPtr_, false};
     ElementFamily PicRSSRefreshALL{"PicRSSRefreshALL", &dispatchPtr_, false};
     ElementFamily ImgLock{"ImgLock", &dispatchPtr_, false};
+    // The alignment grid's lines and the two indicators of a dragged object.
+    ElementFamily VerS{"VerS", &dispatchPtr_};
+    ElementFamily HorS{"HorS", &dispatchPtr_};
+    ElementFamily VerSIndic{"VerSIndic", &dispatchPtr_, false};
+    ElementFamily HorSIndic{"HorSIndic", &dispatchPtr_, false};
+    // The last members ShowGrid loaded, so that HideGrid can take them away again.
+    int GridLinesV = 0;
+    int GridLinesH = 0;
     ElementFamily lblRSSRefresh{"lblRSSRefresh", &dispatchPtr_, false};
     ElementFamily PicJumpToLink{"PicJumpToLink", &dispatchPtr_, false};
     ElementFamily PicJumpToLinkTop{"PicJumpToLinkTop", &dispatchPtr_, false};
