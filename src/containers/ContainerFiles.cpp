@@ -15,6 +15,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace pd {
 
 namespace {
@@ -213,9 +215,9 @@ void ReadContainerFile(Workspace& ws, const QStringList& lines) {
                 AddShrinkIcon(ws, icon, n);
             }
         } else if (key == QLatin1String("[CopyPath]")) {
-            const QString path = in.next().value_or(QString());
+            const QString path = in.next().value_or(QString()).trimmed();
             // A folder that has gone is dropped without a word.
-            if (!feed && !path.trimmed().isEmpty() && QFileInfo(path.trimmed()).isDir()) {
+            if (!feed && !path.isEmpty() && QFileInfo(path).isDir()) {
                 ws.Containers[n].CopyPath = path;
                 ws.picCopy2(n).Visible = true;
                 ws.picCopy2(n).ToolTipText = QStringLiteral("Folder Link: ") + path;
@@ -276,12 +278,15 @@ void WriteContainerFiles(Workspace& ws) {
     const QDir dir(ContainersDir(ws));
     if (ws.DataPath.isEmpty()) return;
     if (!dir.exists()) QDir().mkpath(dir.path());
+    const int count = std::min(ws.Group.Count(), static_cast<int>(ws.Containers.size()));
+    // A tag filter never loses containers: what it hides is shown again before anything is written.
+    for (int i = 0; i < count; ++i)
+        if (ws.Group.exists(i) && ws.Containers[i].TagHidden) ws.Group(i).Visible = true;
     QStringList written;
     int counter = 0;
-    for (int i = 0; i < ws.Group.Count(); ++i) {
-        if (!ws.Group.exists(i) || i >= static_cast<int>(ws.Containers.size())) continue;
-        if (ws.Containers[i].TagHidden) ws.Group(i).Visible = true;
-        if (!ws.Group(i).Visible) continue;
+    for (int i = 0; i < count; ++i) {
+        // Deleted containers, and those nested in them, are not written: this is how they vanish.
+        if (!IsContainerLive(ws, i)) continue;
         const QString name = QString::number(counter++) + QStringLiteral(".con");
         written << name;
         const QString path = dir.filePath(name);
@@ -305,8 +310,14 @@ void ReadContainerFiles(Workspace& ws) {
     // The nesting pass: each container goes into the one its file named.
     for (int i = 0; i < ws.Group.Count() && i < static_cast<int>(ws.Containers.size()); ++i) {
         if (!ws.Group.exists(i)) continue;
-        const int p = ws.Containers[i].ParentIndex;
-        if (p == -1 || p == i || !ws.Group.exists(p) || WouldLoop(ws, i, p)) continue;
+        int16_t& p = ws.Containers[i].ParentIndex;
+        if (p == -1) continue;
+        // A parent that is missing, the container itself or inside it leaves the container on the
+        // background, and the record says so.
+        if (p == i || !ws.Group.exists(p) || WouldLoop(ws, i, p)) {
+            p = -1;
+            continue;
+        }
         ws.Group(i).setContainer(&ws.Group(p));
     }
 }
@@ -320,8 +331,17 @@ void mnuCaptureContainers_Click(Workspace& ws) {
             Element& g = ws.Group(i);
             Element* parent = g.Container();
             if (!parent || parent->Name() != QLatin1String("Group")) continue;
-            g.Left = g.Left + parent->Left;
-            g.Top = g.Top + parent->Top;
+            // It keeps its place on the screen: its place grows by its parent's, and by those of the
+            // parent's own parents when it sat two or more deep.
+            float left = g.Left, top = g.Top;
+            int depth = ws.Group.Count(); // no chain is deeper than the family; a loop ends here too
+            for (const Element* p = parent; p && p->Name() == QLatin1String("Group") && depth-- > 0;
+                 p = p->Container()) {
+                left += p->Left;
+                top += p->Top;
+            }
+            g.Left = left;
+            g.Top = top;
             g.setContainer(&ws.picBack(0));
             ws.Containers[i].ParentIndex = -1;
         }

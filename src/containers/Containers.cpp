@@ -11,6 +11,8 @@
 #include "window/AutoHide.h"
 #include "window/RelativeLayout.h"
 
+#include <algorithm>
+
 namespace pd {
 
 namespace {
@@ -56,7 +58,14 @@ void GrowContainers(Workspace& ws, int n) {
 
 } // namespace
 
-bool IsContainerLive(const Workspace& ws, int i) { return ws.Group.exists(i) && ws.Group(i).Visible; }
+bool IsContainerLive(const Workspace& ws, int i) {
+    if (!ws.Group.exists(i)) return false;
+    // A container nested in a deleted one is gone with it, though its own flag still says visible.
+    int depth = ws.Group.Count();
+    for (const Element* e = &ws.Group(i); e && e->Name() == QLatin1String("Group") && depth-- > 0; e = e->Container())
+        if (!e->Visible) return false;
+    return true;
+}
 
 bool IsShrunkSize(const Workspace& ws, int i) { return ws.Group(i).Width == 700 && ws.Group(i).Height == 950; }
 
@@ -191,14 +200,38 @@ void mnuDeleteContainer_Click(Workspace& ws) {
 
 void mnuClearWorkSpace_Click(Workspace& ws) {
     EnableDisableTimerHide(ws, false);
+    // It deletes everything, so it asks with a warning, as deleting containers does.
     const int answer =
         ws.platform.messageBox(QStringLiteral("Are you sure you want to delete all objects and start from scratch?"),
-                               MsgStyle::YesNo | MsgStyle::SystemModal, QStringLiteral("Clear Workspace"));
+                               MsgStyle::YesNoWarning, QStringLiteral("Clear Workspace"));
     if (answer == MsgAnswer::Yes) {
-        // Every object goes from view; the window's own elements stay.
-        for (ElementFamily* f : {&ws.Group, &ws.Link, &ws.PicIcon, &ws.picPlaceholder, &ws.picTemp, &ws.imgPicture})
+        // Every element of the window goes from view but the background, the wallpaper, the title band and
+        // the toolbar buttons: every member of the object families, and the loose labels and signs.
+        const ElementFamily* keep[] = {&ws.frmMain,
+                                       &ws.picBack,
+                                       &ws.imgBack,
+                                       &ws.picMoveMe,
+                                       &ws.lblCaption,
+                                       &ws.PicDock,
+                                       &ws.PicLockToolbar,
+                                       &ws.PicUnLockToolbar,
+                                       &ws.PicShrinkExpandAllToolbar,
+                                       &ws.PicFoldUnfoldAllToolbar,
+                                       &ws.PicRSSRefreshALL,
+                                       // the splash is a window of its own
+                                       &ws.splash.frmSplash,
+                                       &ws.splash.lblVersion,
+                                       &ws.splash.lblLoad,
+                                       &ws.splash.ImgRSS,
+                                       &ws.splash.Label2,
+                                       &ws.splash.lblUpdate};
+        for (ElementFamily* f : ws.families()) {
+            if (std::find(std::begin(keep), std::end(keep), f) != std::end(keep)) continue;
             for (int i = 0; i < f->Count(); ++i)
                 if (f->exists(i)) (*f)(i).Visible = false;
+        }
+        // A container kept out of view by the tag filter would be shown and saved again by the next save.
+        for (ContainerRecord& r : ws.Containers) r.TagHidden = false;
         for (LinkRecord& r : ws.Links) r.LinkPath.clear();
         for (DeskObjectRecord& r : ws.DeskObjects) r.Time.clear();
         if (!ws.WallpaperPath.trimmed().isEmpty()) {

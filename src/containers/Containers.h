@@ -35,6 +35,7 @@ void UnselectGroup(Workspace& ws, int i);
 void UnselectAllGroups(Workspace& ws);
 
 // The facts kept in the elements.
+// Whether container i is shown: its Group and the Groups it is nested in are visible.
 bool IsContainerLive(const Workspace& ws, int i);
 bool IsShrunkSize(const Workspace& ws, int i); // at the tile size, 700 by 950
 bool IsFolded(const Workspace& ws, int i);
