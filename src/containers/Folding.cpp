@@ -34,6 +34,9 @@ void SetTitleEdge(Workspace& ws, bool flip, int i) {
 
 void FoldContainer(Workspace& ws, int i) {
     if (!ws.Group.exists(i)) return;
+    // Only an open container folds: folding a folded one again (the open container of stepping or
+    // docking may be folded already) would note 350 as its open height, and a tile has no bar to fold to.
+    if (!ws.chkFold(i).Visible) return;
     ContainerRecord& r = ws.Containers[i];
     if (r.IsFeed && ws.lblRSSLastUpdate.exists(r.FeedIndex)) ws.lblRSSLastUpdate(r.FeedIndex).Visible = false;
     NoteContainerGeometry(ws, i);
@@ -75,6 +78,14 @@ void UnfoldContainer(Workspace& ws, int i) {
     // The keyboard goes to the content: a feed's headlines, or a visible note.
     if (r.IsFeed && ws.LstRSS.exists(r.FeedIndex)) ws.SetFocus(ws.LstRSS(r.FeedIndex));
     else if (ws.txtNote(i).Visible) ws.SetFocus(ws.txtNote(i));
+}
+
+void chkFold_MouseDown(Workspace& ws, int Button, int i) {
+    if (Button == kLeftButton) FoldContainer(ws, i);
+}
+
+void chkUnfold_MouseDown(Workspace& ws, int Button, int i) {
+    if (Button == kLeftButton) UnfoldContainer(ws, i);
 }
 
 void chkFold_MouseUp(Workspace& ws) { ws.playSound(QStringLiteral("fold.wav")); }
@@ -121,8 +132,12 @@ void StepToNextContainer(Workspace& ws) {
         }
     }
     if (found < 0) return;
-    ws.TimerDisableMouseMove.setEnabled(false);
-    ws.TimerDisableMouseMove.setEnabled(true);
+    // Mouse moves rest for one interval, so that the pointer left elsewhere does not at once close what
+    // the key opened; the tick ends the rest.
+    Timer& rest = ws.TimerDisableMouseMove;
+    if (!rest.onTimer) rest.onTimer = [&rest] { rest.setEnabled(false); };
+    rest.setEnabled(false);
+    rest.setEnabled(true);
     if (ws.OpenContainer >= 0 && ws.Group.exists(ws.OpenContainer)) FoldContainer(ws, ws.OpenContainer);
     ShrinkBackContainer(ws);
     if (ws.Group(found).Height == 350) {

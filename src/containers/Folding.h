@@ -7,9 +7,17 @@ class Workspace;
 
 // Moves the head row to the bottom edge (flip true) or back to the top.
 void SetTitleEdge(Workspace& ws, bool flip, int i);
-// The presses on chkFold and chkUnfold (left button).
+// Mouse buttons as the handlers receive them.
+inline constexpr int kLeftButton = 1;
+inline constexpr int kRightButton = 2;
+inline constexpr int kMiddleButton = 4;
+
+// Folds an open container to its title bar; unfolds a folded one (upward when it would not fit below).
 void FoldContainer(Workspace& ws, int i);
 void UnfoldContainer(Workspace& ws, int i);
+// The presses on chkFold and chkUnfold: only the left button folds and unfolds.
+void chkFold_MouseDown(Workspace& ws, int Button, int i);
+void chkUnfold_MouseDown(Workspace& ws, int Button, int i);
 // Their releases play the sounds.
 void chkFold_MouseUp(Workspace& ws);
 void chkUnfold_MouseUp(Workspace& ws);

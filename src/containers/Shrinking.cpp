@@ -5,6 +5,7 @@
 #include "containers/Containers.h"
 #include "containers/Folding.h"
 #include "desk/Notes.h"
+#include "window/AutoHide.h"
 #include "window/RelativeLayout.h"
 
 namespace pd {
@@ -65,8 +66,7 @@ void Shrink(Workspace& ws, int i) {
         if (r.IsFeed && ws.lblRSSLastUpdate.exists(r.FeedIndex))
             ws.lblRSSLastUpdate(r.FeedIndex).Caption = FeedLastUpdateCaption(ws, i);
     }
-    // An open note is put away before its container becomes a tile.
-    if (ws.txtNote(i).Visible) HideNote(ws, i);
+    // An open note stays a note: the tile's icon covers it, and it shows again when the tile opens.
     ws.LastClickShrunk = i;
     if (ws.chkFold(i).Visible) NoteContainerGeometry(ws, i);
     if (!ws.IsLoading) ws.playSound(QStringLiteral("shrink.wav"));
@@ -110,8 +110,14 @@ void ShrinkBackContainer(Workspace& ws) {
     }
 }
 
+void picShrink_MouseDown(Workspace& ws, int Button, int i) {
+    if (Button == kLeftButton) ToggleShrink(ws, i);
+}
+
 void ShrinkHover(Workspace& ws, int i) {
-    if (ws.AutoExpandSuspended) return;
+    // Moves rest while auto-expand is suspended, and for a moment after the stepping key opened a
+    // container.
+    if (ws.AutoExpandSuspended || ws.TimerDisableMouseMove.Enabled()) return;
     if (!ws.menus["mnuAutoExpand"].Checked() || ws.LastClickShrunk == i || ws.ExpandedContainer == i) return;
     const Element* parent = ws.Group(i).Container();
     if (!parent || parent->Name() == QLatin1String("picBack")) ShrinkBackContainer(ws);
@@ -129,7 +135,14 @@ void DragOverTile(Workspace& ws, int i) {
     ws.DontShrink = true;
     ws.ExpandedContainer = i;
     ToggleShrink(ws, i);
-    ws.TimerDontShrink.setEnabled(true);
+    // The tick lets the tile shrink again once the drag has settled.
+    Timer& hold = ws.TimerDontShrink;
+    if (!hold.onTimer)
+        hold.onTimer = [&ws] {
+            ws.DontShrink = false;
+            ws.TimerDontShrink.setEnabled(false);
+        };
+    hold.setEnabled(true);
 }
 
 void KeepInsideParent(Workspace& ws, Element& e) {
@@ -152,6 +165,17 @@ void AddShrinkIcon(Workspace& ws, QString Path, int i) {
     // The view draws the large icon of the file (its own image, or the desktop's icon for its type).
     icon.Picture = Path.isEmpty() ? QString() : QStringLiteral("fileicon:") + Path;
     ws.Containers[i].IconPath = Path;
+}
+
+void ShrinkIcon_DblClick(Workspace& ws) {
+    EnableDisableTimerHide(ws, false);
+    const QString file = ws.platform.chooseOpenFile(QStringLiteral("Select Container Icon"),
+                                                    QStringLiteral("All Files (*.*)"), QStringLiteral("*.*"));
+    if (!file.isEmpty()) {
+        AddShrinkIcon(ws, file, ws.SelectedContainer);
+        SaveDesktop(ws, true, false);
+    }
+    EnableDisableTimerHide(ws, true);
 }
 
 void mnuShrinkAll_Click(Workspace& ws) {
