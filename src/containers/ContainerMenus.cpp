@@ -17,6 +17,21 @@ void WireContainerCommands(Workspace& ws) {
     ws.menus["mnuClearWorkSpace"].onClick = [w] { mnuClearWorkSpace_Click(*w); };
     ws.menus["mnuDeleteContainer"].onClick = [w] { mnuDeleteContainer_Click(*w); };
     ws.menus["mnuCaptureContainers"].onClick = [w] { mnuCaptureContainers_Click(*w); };
+    // The hold-offs of mouse gestures: each clears its flag once and stops.
+    ws.TimerDontShrink.onTimer = [w] {
+        w->DontShrink = false;
+        w->TimerDontShrink.setEnabled(false);
+    };
+    ws.TimerSuspendShrink.onTimer = [w] {
+        w->HoldExpanded = false;
+        w->TimerSuspendShrink.setEnabled(false);
+    };
+    ws.TimerSuspendAutoExpand.onTimer = [w] {
+        w->AutoExpandSuspended = false;
+        w->TimerSuspendAutoExpand.setEnabled(false);
+    };
+    ws.TimerDisableMouseMove.onTimer = [w] { w->TimerDisableMouseMove.setEnabled(false); };
+    ws.TimerDblClickLabelDelay.onTimer = [w] { w->TimerDblClickLabelDelay.setEnabled(false); };
     ws.menus["mnuLinkEdit"].onClick = [w] {
         if (w->menus["mnuLinkEdit"].Caption() == QLatin1String("Rename")) StartRename(*w, w->SelectedContainer);
     };

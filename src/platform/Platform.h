@@ -49,6 +49,10 @@ public:
     // Shows a message box and returns the answer (MsgAnswer). `title` empty means the program's title.
     virtual int messageBox(const QString& text, int style, const QString& title = {}) = 0;
 
+    // Asks for a file to open; `filterName` and `pattern` describe the files offered ("All Files (*.*)",
+    // "*.*"). Returns the chosen path, or empty when the user cancelled.
+    virtual QString chooseOpenFile(const QString& title, const QString& filterName, const QString& pattern) = 0;
+
     // --- the screen and the pointer ---
     // Twips per pixel: 1440 / the screen's logical DPI (15 at 96 DPI).
     virtual float twipsPerPixelX() const = 0;

@@ -86,6 +86,10 @@ void WireElementInput(InputContext& ctx, ElementWidget& w) {
         w.onMove = [&ws, i](ElementWidget&, QMouseEvent&) { ShrinkHover(ws, i); };
     } else if (name == QLatin1String("ShrinkIcon")) {
         w.onMove = [&ws](ElementWidget&, QMouseEvent&) { ShrinkBackContainer(ws); };
+        w.onDoubleClick = [&ws, i](ElementWidget&, QMouseEvent&) {
+            ws.SelectedContainer = static_cast<int16_t>(i);
+            ShrinkIcon_DblClick(ws);
+        };
         w.onPress = [&ctx, i](ElementWidget&, QMouseEvent& ev) {
             ctx.ws.SelectedContainer = static_cast<int16_t>(i);
             ctx.ws.Group(i).ZOrder(0);

@@ -3,10 +3,12 @@
 #include "app/MainWindow.h"
 #include "app/workspace/Workspace.h"
 #include "view/ElementWidget.h"
+#include "containers/Folding.h"
 #include "window/WindowBands.h"
 
 #include <QBitmap>
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QWindow>
 #include <QPainter>
@@ -20,6 +22,7 @@ TopWindow::TopWindow(Workspace& ws, Element& e, Qt::WindowFlags flags) : QWidget
     setWindowTitle(QStringLiteral("Perchdock"));
     setAttribute(Qt::WA_QuitOnClose, false);
     setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
 }
 
 bool TopWindow::settling() const { return placed_.isValid() && placed_.elapsed() < 500; }
@@ -165,6 +168,15 @@ void TopWindow::mouseMoveEvent(QMouseEvent* ev) {
     default: break;
     }
     if (cursor().shape() != shape) setCursor(shape);
+}
+
+void TopWindow::keyPressEvent(QKeyEvent* ev) {
+    // Keys that reach the window itself (no editor has the focus).
+    if (&e_ == &ws_.frmMain(0) && ev->key() == Qt::Key_Space && ev->modifiers() == Qt::NoModifier) {
+        StepToNextContainer(ws_);
+        return;
+    }
+    QWidget::keyPressEvent(ev);
 }
 
 void TopWindow::closeEvent(QCloseEvent* ev) {

@@ -30,6 +30,7 @@ protected:
     void closeEvent(QCloseEvent* ev) override;
     void mousePressEvent(QMouseEvent* ev) override;
     void mouseMoveEvent(QMouseEvent* ev) override;
+    void keyPressEvent(QKeyEvent* ev) override;
 
 private:
     // True shortly after this program placed the window: the window manager's answer to that placement

@@ -49,6 +49,16 @@ public:
         }
         return (style & 7) == MsgStyle::OkOnly ? MsgAnswer::Ok : MsgAnswer::No;
     }
+    // Answers for the coming file dialogs, in order; when none is left the dialog is cancelled.
+    std::deque<QString> fileAnswers;
+    std::vector<QString> fileDialogs;
+    QString chooseOpenFile(const QString& title, const QString& filterName, const QString& pattern) override {
+        fileDialogs.push_back(title + QLatin1Char('|') + filterName + QLatin1Char('|') + pattern);
+        if (fileAnswers.empty()) return {};
+        const QString a = fileAnswers.front();
+        fileAnswers.pop_front();
+        return a;
+    }
     float twipsPerPixelX() const override { return 15; }
     float twipsPerPixelY() const override { return 15; }
     float screenWidth() const override { return screenW; }

@@ -7,6 +7,7 @@
 #include <QCursor>
 #include <QDesktopServices>
 #include <QDir>
+#include <QFileDialog>
 #include <QFileInfo>
 #include <QSoundEffect>
 #include <QFontMetrics>
@@ -57,6 +58,16 @@ int QtPlatform::messageBox(const QString& text, int style, const QString& title)
     case QMessageBox::Cancel: return MsgAnswer::Cancel;
     default: return (style & 7) == MsgStyle::OkOnly ? MsgAnswer::Ok : MsgAnswer::Cancel;
     }
+}
+
+QString QtPlatform::chooseOpenFile(const QString& title, const QString& filterName, const QString& pattern) {
+    // "*.*" means every file; on Linux many files have no dot, so it becomes "*".
+    QString linuxPattern = pattern;
+    linuxPattern.replace(QLatin1String("*.*"), QLatin1String("*"));
+    QString name = filterName;
+    if (!name.contains(QLatin1Char('('))) name += QStringLiteral(" (") + linuxPattern + QLatin1Char(')');
+    else name = name.left(name.indexOf(QLatin1Char('('))).trimmed() + QStringLiteral(" (") + linuxPattern + QLatin1Char(')');
+    return QFileDialog::getOpenFileName(nullptr, title, QDir::homePath(), name);
 }
 
 float QtPlatform::twipsPerPixelX() const {

@@ -24,6 +24,7 @@ public:
     ~QtPlatform() override;
 
     int messageBox(const QString& text, int style, const QString& title) override;
+    QString chooseOpenFile(const QString& title, const QString& filterName, const QString& pattern) override;
     float twipsPerPixelX() const override;
     float twipsPerPixelY() const override;
     float screenWidth() const override;
