@@ -119,7 +119,7 @@ void RestoreState(Workspace& ws, int n, const Restore& st) {
     else if (st.folded == QLatin1String("1")) FoldContainer(ws, n);
     if (st.flipped == QLatin1String("1") && st.folded == QLatin1String("0") && TrimBlanks(st.shrink) == QLatin1String("0")) {
         SetTitleEdge(ws, true, n);
-        r.Y = static_cast<int32_t>(ws.Group(n).Top + ws.Group(n).Height - 350);
+        SetRecordLength(r.Y, ws.Group(n).Top + ws.Group(n).Height - 350);
         r.Flipped = true;
     }
     if (r.IsFeed && ws.lblRSSLastUpdate.exists(r.FeedIndex)) {
@@ -230,23 +230,23 @@ void ReadContainerFile(Workspace& ws, const QStringList& lines) {
                 if (auto x = ToSingle(*v)) {
                     const float left = *x < 0 ? 0.0f : *x;
                     ws.Group(n).Left = left;
-                    ws.Containers[n].X = static_cast<int32_t>(left);
+                    SetRecordLength(ws.Containers[n].X, left);
                 }
             }
         } else if (key == QLatin1String("[Y]")) {
             if (auto v = in.next(); v && ToSingle(*v)) {
                 ws.Group(n).Top = *ToSingle(*v);
-                ws.Containers[n].Y = static_cast<int32_t>(*ToSingle(*v));
+                SetRecordLength(ws.Containers[n].Y, *ToSingle(*v));
             }
         } else if (key == QLatin1String("[W]")) {
             if (auto v = in.next(); v && ToSingle(*v)) {
                 ws.Group(n).Width = *ToSingle(*v);
-                ws.Containers[n].W = static_cast<int32_t>(*ToSingle(*v));
+                SetRecordLength(ws.Containers[n].W, *ToSingle(*v));
             }
         } else if (key == QLatin1String("[H]")) {
             if (auto v = in.next(); v && ToSingle(*v)) {
                 ws.Group(n).Height = *ToSingle(*v);
-                ws.Containers[n].H = static_cast<int32_t>(*ToSingle(*v));
+                SetRecordLength(ws.Containers[n].H, *ToSingle(*v));
             }
         } else if (key == QLatin1String("[NOTE ON]")) {
             st.noteOn = in.next().value_or(QString());

@@ -12,6 +12,7 @@
 #include "window/RelativeLayout.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace pd {
 
@@ -79,14 +80,19 @@ int ContainerOf(const Element& e) {
     return -1;
 }
 
+void SetRecordLength(int32_t& field, float length) {
+    const double v = std::nearbyint(static_cast<double>(length)); // the default rounding: halves to even
+    if (std::isfinite(v) && v >= INT32_MIN && v <= INT32_MAX) field = static_cast<int32_t>(v);
+}
+
 void NoteContainerGeometry(Workspace& ws, int i) {
     ContainerRecord& r = ws.Containers[i];
     const Element& g = ws.Group(i);
-    if (!r.KeepX) r.X = static_cast<int32_t>(g.Left);
+    if (!r.KeepX) SetRecordLength(r.X, g.Left);
     if (!r.Flipped) {
-        r.Y = static_cast<int32_t>(g.Top);
-        r.H = static_cast<int32_t>(g.Height);
-        r.W = static_cast<int32_t>(g.Width);
+        SetRecordLength(r.Y, g.Top);
+        SetRecordLength(r.H, g.Height);
+        SetRecordLength(r.W, g.Width);
     }
 }
 

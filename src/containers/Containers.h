@@ -14,6 +14,9 @@ class Element;
 void NewGroup(Workspace& ws, int16_t ParentIndex);
 // Stores the container's place and (unless flipped) its open size in its record.
 void NoteContainerGeometry(Workspace& ws, int i);
+// Stores a length of an element in a record field: rounded to the whole twip, halves to even, as a
+// single assigned to a 32-bit integer is; a length that no 32-bit number holds leaves the field alone.
+void SetRecordLength(int32_t& field, float length);
 
 // "&Container": a new empty container, ready to be named.
 void mnuNew_Click(Workspace& ws);

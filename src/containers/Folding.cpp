@@ -70,7 +70,7 @@ void UnfoldContainer(Workspace& ws, int i) {
         ws.lblRSSRefresh(0).Visible = false;
     }
     if (r.Flipped) {
-        r.Y = static_cast<int32_t>(g.Top);
+        SetRecordLength(r.Y, g.Top);
         const float top = g.Top - static_cast<float>(r.H) + 350;
         g.Top = top >= 0 ? top : 0;
     }

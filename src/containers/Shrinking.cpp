@@ -30,14 +30,14 @@ void Expand(Workspace& ws, int i) {
     }
     if (g.Left + static_cast<float>(r.W) > ParentWidth(g)) {
         r.KeepX = true;
-        r.X = static_cast<int32_t>(g.Left);
+        SetRecordLength(r.X, g.Left);
         g.Left = ParentWidth(g) - static_cast<float>(r.W) - 100;
     } else {
         r.KeepX = false;
     }
     if (g.Top + static_cast<float>(r.H) > ParentHeight(g)) {
         r.Flipped = true;
-        r.Y = static_cast<int32_t>(g.Top);
+        SetRecordLength(r.Y, g.Top);
         g.Top = ParentHeight(g) - static_cast<float>(r.H) - 100;
     } else {
         r.Flipped = false;
@@ -81,7 +81,9 @@ void Shrink(Workspace& ws, int i) {
     ws.chkUnfold(i).Visible = false;
     ws.OpenContainer = -1;
     ws.ShrinkIcon(i).ZOrder(0);
-    KeepInsideParent(ws, g);
+    // While loading, the background has not yet its size (the window is laid out at the end of the
+    // load): a tile stays where its file put it, as open containers do.
+    if (!ws.IsLoading) KeepInsideParent(ws, g);
     g.Left = r.X < 0 ? 0.0f : static_cast<float>(r.X);
     RoundContainerCorners(ws, i);
 }
