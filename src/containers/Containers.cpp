@@ -161,8 +161,10 @@ void StartRename(Workspace& ws, int i) {
 void RenameTextChanged(Workspace& ws, int i) { ws.lblName(i).Caption = ws.groupName(i).Text.get(); }
 
 void RenameFinished(Workspace& ws, int i, bool lostFocus) {
+    Q_UNUSED(lostFocus);
+    // Enter hides the field, and hiding it takes its focus away: both ways end in the focus loss's save.
     ws.groupName(i).Visible = false;
-    if (lostFocus) SaveDesktop(ws, true, false);
+    SaveDesktop(ws, true, false);
 }
 
 void SelectGroup(Workspace& ws, int i) {

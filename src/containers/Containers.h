@@ -30,6 +30,7 @@ void mnuClearWorkSpace_Click(Workspace& ws);
 // Renaming through the title's edit field.
 void StartRename(Workspace& ws, int i);
 void RenameTextChanged(Workspace& ws, int i);
+// Enter (lostFocus false) or the focus loss: the field hides and the workspace is saved.
 void RenameFinished(Workspace& ws, int i, bool lostFocus);
 
 // Selection of containers: a container is selected while its title is bold.

@@ -2,6 +2,7 @@
 // deleting and "Clear Workspace".
 
 #include "app/WorkspaceFile.h"
+#include "containers/ContainerMenus.h"
 #include "containers/Containers.h"
 #include "containers/Folding.h"
 #include "containers/Shrinking.h"
@@ -38,7 +39,7 @@ class ContainerLife : public ::testing::Test {
 protected:
     void SetUp() override { t.start(); }
     Workspace& ws() { return *t.ws; }
-    // A container as the menu makes it, with its rename field put away again.
+    // A container as the menu makes it, named with Enter.
     int NewContainer() {
         mnuNew_Click(ws());
         const int n = ws().ContainerCount - 1;
@@ -267,10 +268,10 @@ TEST_F(ContainerLife, RenamingCopiesEachChangeAndSavesWhenTheFieldLosesTheFocus)
     field.Text = QStringLiteral("Work");
     RenameTextChanged(ws(), 0);
     EXPECT_EQ(ws().lblName(0).Caption.get(), QStringLiteral("Work"));
-    // Enter hides the field; no save yet.
+    // Enter hides the field, which takes its focus away: saved.
     RenameFinished(ws(), 0, false);
     EXPECT_FALSE(field.Visible.get());
-    EXPECT_FALSE(t.dataExists(kRec));
+    EXPECT_TRUE(t.readData(QStringLiteral("Containers/0.con")).contains("[Name]\r\nWork\r\n"));
 
     // The menu entry starts it again on the selected container; the focus loss saves.
     ws().lblName(0).ForeColor = 0x0000FF;
@@ -284,7 +285,6 @@ TEST_F(ContainerLife, RenamingCopiesEachChangeAndSavesWhenTheFieldLosesTheFocus)
     RenameTextChanged(ws(), 0);
     RenameFinished(ws(), 0, true);
     EXPECT_FALSE(field.Visible.get());
-    EXPECT_TRUE(t.dataExists(kRec));
     EXPECT_TRUE(t.readData(QStringLiteral("Containers/0.con")).contains("[Name]\r\nGames\r\n"));
 }
 
@@ -293,6 +293,20 @@ TEST_F(ContainerLife, TheRenameFieldOfATitleAtTheBottomSitsAtTheBottom) {
     SetTitleEdge(ws(), true, n);
     StartRename(ws(), n);
     EXPECT_EQ(ws().groupName(n).Top.get(), 3000.0f - 300.0f);
+}
+
+TEST_F(ContainerLife, ARightClickOnATitleOffersRenameUnlessTheWorkspaceIsLocked) {
+    const int a = NewContainer();
+    const int b = NewContainer();
+    ws().SelectedContainer = static_cast<int16_t>(a);
+    ws().menus["mnuLock"].setChecked(true);
+    EXPECT_EQ(std::string(TitleContextMenu(ws(), b)), std::string());
+    EXPECT_EQ(ws().SelectedContainer, a);
+    ws().menus["mnuLock"].setChecked(false);
+    ws().menus["mnuLinkEdit"].setCaption(QStringLiteral("Edit"));
+    EXPECT_EQ(std::string(TitleContextMenu(ws(), b)), std::string("mnuLink"));
+    EXPECT_EQ(ws().SelectedContainer, b);
+    EXPECT_EQ(ws().menus["mnuLinkEdit"].Caption(), QStringLiteral("Rename"));
 }
 
 // --- selection ---
