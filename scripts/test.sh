@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# Builds Perchdock and runs every test, twice:
+# Builds Perchdock and runs every test:
 #   build-ci    optimised, warnings as errors: unit tests, GUI tests (offscreen) and end-to-end tests
 #   build-asan  AddressSanitizer + UndefinedBehaviorSanitizer: the same tests
+#   build-ci-fuzz clang with libFuzzer: a short run of each fuzz target over its seeds
 # No display is needed: unit and GUI tests use Qt's offscreen platform, and each end-to-end test starts
 # its own Xvfb. Exits non-zero when a build or a test fails.
 set -uo pipefail
@@ -20,11 +21,11 @@ export UBSAN_OPTIONS=${UBSAN_OPTIONS:-print_stacktrace=1:halt_on_error=1}
 failed=()
 started=$SECONDS
 
-# suite <name> <ctest arguments...> -- <cmake arguments...>
+# suite <name> [<build targets...>] -- <cmake arguments...>
 suite() {
   local name=$1; shift
-  local ctest_args=()
-  while [ "$1" != "--" ]; do ctest_args+=("$1"); shift; done
+  local targets=()
+  while [ "$1" != "--" ]; do targets+=(--target "$1"); shift; done
   shift
   local dir=$root/$name t0=$SECONDS
   echo "=== $name: configure and build"
@@ -32,11 +33,11 @@ suite() {
   if ! cmake -S "$root" -B "$dir" -G Ninja "$@" >"$dir/configure.log" 2>&1; then
     cat "$dir/configure.log"; failed+=("$name (configure)"); return
   fi
-  if ! cmake --build "$dir" -j "$jobs"; then
+  if ! cmake --build "$dir" -j "$jobs" "${targets[@]}"; then
     failed+=("$name (build)"); return
   fi
   echo "=== $name: tests"
-  if ! (cd "$dir" && ctest --output-on-failure --no-tests=error -j "$jobs" --timeout 300 "${ctest_args[@]}"); then
+  if ! (cd "$dir" && ctest --output-on-failure --no-tests=error -j "$jobs" --timeout 300); then
     failed+=("$name (tests)")
   fi
   echo "=== $name: $((SECONDS - t0)) s"
@@ -47,6 +48,10 @@ suite build-ci -- \
 
 suite build-asan -- \
   -DCMAKE_BUILD_TYPE=Debug -DPERCHDOCK_SANITIZE=ON -DPERCHDOCK_WERROR=OFF -DPERCHDOCK_BENCH=OFF
+
+# The fuzz targets need clang; only they (fuzz/all) and what they link are built.
+CC=clang-14 CXX=clang++-14 suite build-ci-fuzz fuzz/all -- \
+  -DCMAKE_BUILD_TYPE=RelWithDebInfo -DPERCHDOCK_FUZZ=ON -DPERCHDOCK_TESTS=OFF -DPERCHDOCK_BENCH=OFF
 
 echo "=== all: $((SECONDS - started)) s"
 if [ ${#failed[@]} -gt 0 ]; then

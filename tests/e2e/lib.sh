@@ -262,3 +262,37 @@ open_main_menu() {
   wait_popup "$1"
   sleep 0.3
 }
+
+# True while process $1 shows a pop-up menu.
+menu_open() {
+  local id
+  for id in $(xdotool search --onlyvisible --pid "$1" --name '.*' 2>/dev/null); do
+    xwininfo -id "$id" 2>/dev/null | grep -q 'Override Redirect State: yes' && return 0
+  done
+  return 1
+}
+
+# Waits up to $2 seconds until process $1 shows no pop-up menu.
+wait_menu_closed() {
+  local end=$((SECONDS + $2))
+  while menu_open "$1"; do
+    [ $SECONDS -lt $end ] || return 1
+    sleep 0.2
+  done
+}
+
+# Chooses an entry of the open menu of process $1 by the mnemonics (underlined letters) of its path,
+# e.g. `menu_choose "$pid" o f` for "&Options" > "&Fold on Click". Each letter must belong to one entry
+# of its menu: then it triggers the entry or opens its submenu. A letter that several entries share only
+# moves the highlight, the menu stays open, and the test fails here.
+menu_choose() {
+  local pid=$1 key
+  shift
+  for key in "$@"; do
+    xdotool key "$key"
+    sleep 0.3
+  done
+  wait_menu_closed "$pid" 5 && return 0
+  xdotool key Escape Escape Escape
+  fail "the menu is still open after the keys $* (no entry, or more than one, has that letter)"
+}

@@ -10,23 +10,22 @@ wait_main_window "$PROGRAM_PID"
 main=$MAIN_ID
 [ ! -e "$INI" ] && [ ! -e "$REC" ] || fail "files in the data folder before any change"
 
-# Options > Align (the first entry of the third item): the change is saved to the recovery file.
+# Options > Fold on Click: the change is saved to the recovery file only.
 open_main_menu "$PROGRAM_PID" "$main"
-xdotool key Down Down Down Right
-sleep 0.3
-xdotool key Return
+menu_choose "$PROGRAM_PID" o f
 end=$((SECONDS + 10))
 until [ -f "$REC" ]; do
   [ $SECONDS -lt $end ] || fail "no Perchdock.REC after a setting was changed from the menu"
   sleep 0.2
 done
 [ ! -e "$INI" ] || fail "a setting's change wrote Perchdock.ini"
-align=$(ini_value "$REC" '[Align]')
-log "Options > Align saved to Perchdock.REC: [Align] $align"
+fold=$(ini_value "$REC" '[FoldOnClick]')
+[ -n "$fold" ] || fail "Perchdock.REC has no [FoldOnClick]"
+log "Options > Fold on Click saved to Perchdock.REC: [FoldOnClick] $fold"
 
-# Save Workspace (the first entry), then the "Workspace Saved" box.
+# Save Workspace, then the "Workspace Saved" box.
 open_main_menu "$PROGRAM_PID" "$main"
-xdotool key Down Return
+menu_choose "$PROGRAM_PID" s
 wait_window '^Perchdock$' _NET_WM_WINDOW_TYPE_DIALOG 10
 box=$FOUND_ID
 log "message box after Save Workspace"
@@ -37,7 +36,7 @@ xdotool key Return
 wait_window_hidden "$box" 10 || fail "the message box did not close on Return"
 starts_with "$INI" "$INI_HEAD" || fail "Perchdock.ini does not start with [1.05] [Hidden] 0"
 ends_with_crlf "$INI" || fail "Perchdock.ini does not end with CR LF"
-[ "$(ini_value "$INI" '[Align]')" = "$align" ] || fail "Perchdock.ini does not hold the changed [Align] $align"
+[ "$(ini_value "$INI" '[FoldOnClick]')" = "$fold" ] || fail "Perchdock.ini does not hold the changed [FoldOnClick] $fold"
 alive "$PROGRAM_PID" || fail "the program ended after Save Workspace"
 log "Save Workspace wrote Perchdock.ini and removed Perchdock.REC"
 

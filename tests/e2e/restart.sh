@@ -22,20 +22,20 @@ old=$PROGRAM_PID
 wait_main_window "$old"
 main=$MAIN_ID
 
-# A change: Options > Align, saved to the recovery file.
+# A change: Options > Fold on Click, saved to the recovery file.
 open_main_menu "$old" "$main"
-xdotool key Down Down Down Right
-sleep 0.3
-xdotool key Return
+menu_choose "$old" o f
 end=$((SECONDS + 10))
 until [ -f "$REC" ]; do
   [ $SECONDS -lt $end ] || fail "no Perchdock.REC after a setting was changed from the menu"
   sleep 0.2
 done
+[ "$(ini_value "$REC" '[FoldOnClick]')" != "$(ini_value "$INI" '[FoldOnClick]')" ] ||
+  fail "Options > Fold on Click did not change [FoldOnClick]"
 
-# Ignore Changes && Restart (the second entry), and yes to its question.
+# Ignore Changes && Restart, and yes to its question.
 open_main_menu "$old" "$main"
-xdotool key Down Down Return
+menu_choose "$old" i
 wait_window '^Perchdock$' _NET_WM_WINDOW_TYPE_DIALOG 10
 box=$FOUND_ID
 log "the restart question is shown"
