@@ -52,6 +52,13 @@ void FoldContainer(Workspace& ws, int i) {
     if (ws.ExpandedContainer == i) ws.ExpandedContainer = -1;
 }
 
+void FocusContainerContent(Workspace& ws, int i) {
+    // The keyboard goes to the content: a feed's headlines, or a visible note.
+    const ContainerRecord& r = ws.Containers[i];
+    if (r.IsFeed && ws.LstRSS.exists(r.FeedIndex)) ws.SetFocus(ws.LstRSS(r.FeedIndex));
+    else if (ws.txtNote(i).Visible) ws.SetFocus(ws.txtNote(i));
+}
+
 void UnfoldContainer(Workspace& ws, int i) {
     if (!ws.Group.exists(i)) return;
     ContainerRecord& r = ws.Containers[i];
@@ -75,9 +82,7 @@ void UnfoldContainer(Workspace& ws, int i) {
         g.Top = top >= 0 ? top : 0;
     }
     g.ZOrder(0);
-    // The keyboard goes to the content: a feed's headlines, or a visible note.
-    if (r.IsFeed && ws.LstRSS.exists(r.FeedIndex)) ws.SetFocus(ws.LstRSS(r.FeedIndex));
-    else if (ws.txtNote(i).Visible) ws.SetFocus(ws.txtNote(i));
+    FocusContainerContent(ws, i);
 }
 
 void chkFold_MouseDown(Workspace& ws, int Button, int i) {

@@ -15,6 +15,8 @@ inline constexpr int kMiddleButton = 4;
 // Folds an open container to its title bar; unfolds a folded one (upward when it would not fit below).
 void FoldContainer(Workspace& ws, int i);
 void UnfoldContainer(Workspace& ws, int i);
+// Gives the keyboard to what a container shows: a feed's headlines or a visible note.
+void FocusContainerContent(Workspace& ws, int i);
 // The presses on chkFold and chkUnfold: only the left button folds and unfolds.
 void chkFold_MouseDown(Workspace& ws, int Button, int i);
 void chkUnfold_MouseDown(Workspace& ws, int Button, int i);

@@ -18,6 +18,7 @@ void Expand(Workspace& ws, int i) {
     ContainerRecord& r = ws.Containers[i];
     Element& g = ws.Group(i);
     ws.playSound(QStringLiteral("expand.wav"));
+    FocusContainerContent(ws, i);
     if (r.IsFeed && ws.lblRSSLastUpdate.exists(r.FeedIndex)) {
         Element& label = ws.lblRSSLastUpdate(r.FeedIndex);
         label.Visible = true;

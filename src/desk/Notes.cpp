@@ -9,6 +9,7 @@ void ShowNote(Workspace& ws, int i) {
     if (ws.chkUnfold(i).Visible) UnfoldContainer(ws, i);
     ws.txtNote(i).Visible = true;
     ws.txtNote(i).ZOrder(0);
+    ws.SetFocus(ws.txtNote(i));
     ws.picPin(i).Visible = true;
     ws.picPinNote(i).Visible = false;
 }

@@ -194,6 +194,8 @@ TEST_F(ContainerLife, ADeletedContainerKeepsItsIndexAndTheNextTakesContainerCoun
 TEST_F(ContainerLife, TheMenuGivesANewContainerTheColoursTheLayoutAndTheRenameField) {
     ws().ContainerColor = 0x123456;
     ws().ContainerLabelColor = 0x00FF00;
+    std::vector<QString> focused;
+    ws().onFocusRequest = [&focused](Element& e) { focused.push_back(e.Name() + QString::number(e.Index())); };
     mnuNew_Click(ws());
     const int n = 0;
     EXPECT_EQ(ws().ContainerCount, 1);
@@ -226,6 +228,7 @@ TEST_F(ContainerLife, TheMenuGivesANewContainerTheColoursTheLayoutAndTheRenameFi
     EXPECT_EQ(ws().groupName(n).Text.get(), QStringLiteral("Container"));
     EXPECT_EQ(ws().groupName(n).ForeColor.get(), 0x00FF00);
     EXPECT_EQ(ws().groupName(n).Top.get(), 50.0f);
+    EXPECT_EQ(focused, std::vector<QString>{QStringLiteral("groupName0")});
     // The empty icon stands for it when shrunk.
     EXPECT_EQ(ws().Containers[n].IconPath, QDir(t.programDir()).filePath(QStringLiteral("emptyicon.ico")));
     EXPECT_EQ(ws().ShrinkIcon(n).Width.get(), 960.0f);

@@ -5,6 +5,7 @@
 #include "containers/Containers.h"
 #include "containers/Folding.h"
 #include "containers/Shrinking.h"
+#include "desk/Notes.h"
 #include "support/TestWorkspace.h"
 
 #include <gtest/gtest.h>
@@ -85,6 +86,31 @@ TEST_F(Folding, FoldingLeavesTheTitleBarAndUnfoldingGivesBackTheOpenSize) {
     EXPECT_EQ(ws().chkFold(n).Left.get(), 3610.0f);
     EXPECT_TRUE(ws().Group(n).isFrontmost());
     ExpectTitleAtTop(n);
+}
+
+TEST_F(Folding, UnfoldingGivesTheKeyboardToAVisibleNote) {
+    std::vector<QString> focused;
+    ws().onFocusRequest = [&focused](Element& e) { focused.push_back(e.Name() + QString::number(e.Index())); };
+    const int box = NewContainerAt(600, 200);
+    FoldContainer(ws(), box);
+    focused.clear();
+    UnfoldContainer(ws(), box);
+    EXPECT_TRUE(focused.empty());
+    ShowNote(ws(), box);
+    FoldContainer(ws(), box);
+    focused.clear();
+    UnfoldContainer(ws(), box);
+    ASSERT_EQ(focused.size(), 1u);
+    EXPECT_EQ(focused[0], QStringLiteral("txtNote") + QString::number(box));
+    // The pin on a folded container unfolds it and shows the note, as one gesture.
+    HideNote(ws(), box);
+    FoldContainer(ws(), box);
+    ShowNote(ws(), box);
+    EXPECT_FALSE(IsFolded(ws(), box));
+    EXPECT_EQ(ws().Group(box).Height.get(), 3000.0f);
+    EXPECT_TRUE(ws().txtNote(box).Visible.get());
+    EXPECT_TRUE(ws().picPin(box).Visible.get());
+    EXPECT_FALSE(ws().picPinNote(box).Visible.get());
 }
 
 TEST_F(Folding, AContainerAtTheLowerEdgeUnfoldsUpward) {

@@ -225,6 +225,23 @@ TEST_F(Shrinking, ANoteStaysANoteThroughShrinkAndExpand) {
     EXPECT_EQ(ws().txtNote(n).Height.get(), 2530.0f);
 }
 
+TEST_F(Shrinking, ExpandingGivesTheKeyboardToAVisibleNote) {
+    std::vector<QString> focused;
+    ws().onFocusRequest = [&focused](Element& e) { focused.push_back(e.Name() + QString::number(e.Index())); };
+    const int box = NewContainerAt(600, 200);
+    ToggleShrink(ws(), box);
+    focused.clear();
+    ToggleShrink(ws(), box);
+    EXPECT_TRUE(focused.empty());
+    mnuNewNote_Click(ws());
+    const int n = ws().ContainerCount - 1;
+    ToggleShrink(ws(), n);
+    focused.clear();
+    ToggleShrink(ws(), n);
+    ASSERT_EQ(focused.size(), 1u);
+    EXPECT_EQ(focused[0], QStringLiteral("txtNote") + QString::number(n));
+}
+
 // --- hover ---
 
 TEST_F(Shrinking, ATileJustShrunkByAClickStaysShrunkUnderTheMouseUntilItHasBeenElsewhere) {
