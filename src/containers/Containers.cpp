@@ -63,7 +63,8 @@ bool IsContainerLive(const Workspace& ws, int i) {
     if (!ws.Group.exists(i)) return false;
     // A container nested in a deleted one is gone with it, though its own flag still says visible.
     int depth = ws.Group.Count();
-    for (const Element* e = &ws.Group(i); e && e->Name() == QLatin1String("Group") && depth-- > 0; e = e->Container())
+    for (const Element* e = &ws.Group(i); e && e->Name() == QLatin1String("Group") && depth-- > 0;
+         e = e->Container())
         if (!e->Visible) return false;
     return true;
 }

@@ -22,18 +22,23 @@
 using namespace pd;
 using namespace pd::test;
 
-void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+void PrintTo(const QString& s, std::ostream* os) {
+    *os << '"' << s.toStdString() << '"';
+}
 
 namespace {
 
 // Lines joined with CR LF, each line ended, as UTF-8.
 QByteArray Lines(const QStringList& lines) {
     QByteArray out;
-    for (const QString& l : lines) out += l.toUtf8() + "\r\n";
+    for (const QString& l : lines)
+        out += l.toUtf8() + "\r\n";
     return out;
 }
 
-QString Con(int n) { return QStringLiteral("Containers/") + QString::number(n) + QStringLiteral(".con"); }
+QString Con(int n) {
+    return QStringLiteral("Containers/") + QString::number(n) + QStringLiteral(".con");
+}
 
 ino_t Inode(const QString& path) {
     struct stat st {};
@@ -58,14 +63,37 @@ struct Body {
     QString w = QStringLiteral(" 3000 ");
     QString h = QStringLiteral(" 3000 ");
     QStringList lines() const {
-        QStringList l = {QStringLiteral("[Name]"), name, QStringLiteral("[Backcolor]"), back,
-                         QStringLiteral("[Forecolor]"), fore, QStringLiteral("[Icon]"), icon,
-                         QStringLiteral("[CopyPath]"), copyPath, QStringLiteral("[RefreshOnExpand]"), refresh,
-                         QStringLiteral("[NOTE ON]"), noteOn, QStringLiteral("[START Note]")};
+        QStringList l = {QStringLiteral("[Name]"),
+                         name,
+                         QStringLiteral("[Backcolor]"),
+                         back,
+                         QStringLiteral("[Forecolor]"),
+                         fore,
+                         QStringLiteral("[Icon]"),
+                         icon,
+                         QStringLiteral("[CopyPath]"),
+                         copyPath,
+                         QStringLiteral("[RefreshOnExpand]"),
+                         refresh,
+                         QStringLiteral("[NOTE ON]"),
+                         noteOn,
+                         QStringLiteral("[START Note]")};
         l += note;
-        l += {QStringLiteral("[END Note]"), QStringLiteral("[Folded]"), folded, QStringLiteral("[Flipped]"), flipped,
-              QStringLiteral("[Shrink]"), shrink, QStringLiteral("[X]"), x, QStringLiteral("[Y]"), y,
-              QStringLiteral("[W]"), w, QStringLiteral("[H]"), h};
+        l += {QStringLiteral("[END Note]"),
+              QStringLiteral("[Folded]"),
+              folded,
+              QStringLiteral("[Flipped]"),
+              flipped,
+              QStringLiteral("[Shrink]"),
+              shrink,
+              QStringLiteral("[X]"),
+              x,
+              QStringLiteral("[Y]"),
+              y,
+              QStringLiteral("[W]"),
+              w,
+              QStringLiteral("[H]"),
+              h};
         return l;
     }
 };
@@ -75,7 +103,7 @@ QByteArray PlainFile(const Body& b, const QString& parent = QStringLiteral("-1")
 }
 
 class ContainerFiles : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override { t.start(); }
     Workspace& ws() { return *t.ws; }
     int NewContainerAt(float left, float top) {
@@ -96,7 +124,8 @@ protected:
     std::string Read(int n) const { return t.readData(Con(n)).toStdString(); }
     // Writes container files and starts a fresh workspace over them.
     void LoadFiles(const std::vector<QByteArray>& files) {
-        for (size_t k = 0; k < files.size(); ++k) t.writeData(Con(static_cast<int>(k)), files[k]);
+        for (size_t k = 0; k < files.size(); ++k)
+            t.writeData(Con(static_cast<int>(k)), files[k]);
         t.restart();
         t.start();
     }
@@ -129,7 +158,8 @@ TEST_F(ContainerFiles, AnEmptyNoteWritesABlankLineBetweenItsKeys) {
     mnuNewNote_Click(ws());
     Save();
     const QByteArray bytes = t.readData(Con(0));
-    EXPECT_TRUE(bytes.contains("[NOTE ON]\r\n1\r\n[START Note]\r\n\r\n[END Note]\r\n")) << bytes.toStdString();
+    EXPECT_TRUE(bytes.contains("[NOTE ON]\r\n1\r\n[START Note]\r\n\r\n[END Note]\r\n"))
+        << bytes.toStdString();
     // Blanks and line ends alone are an empty note too.
     ws().txtNote(0).Text = QStringLiteral(" \r\n \r\n ");
     Save();
@@ -242,21 +272,56 @@ TEST_F(ContainerFiles, ShortcutsAndPicturesFollowTheHeadInRecords) {
     AddShortcut(ws(), QStringLiteral("/data/loose.txt"), ws().picBack(0));
     Save();
 
-    QStringList l = QStringList{QStringLiteral("[1.05]"), QStringLiteral("[Container]"), QStringLiteral("-1")} +
-                    Made().lines();
-    l += {QStringLiteral("[Picture]"), QStringLiteral("[Locked]"), QStringLiteral("0"), QStringLiteral("[PicX]"),
-          QStringLiteral(" 300 "), QStringLiteral("[PicY]"), QStringLiteral(" 500 "), QStringLiteral("[PicW]"),
-          QStringLiteral(" 900 "), QStringLiteral("[PicH]"), QStringLiteral(" 700 "), QStringLiteral("[PicPath]"), png,
-          QStringLiteral("TEMP"), QStringLiteral("TEMP"), QStringLiteral("TEMP"), QStringLiteral("TEMP")};
+    QStringList l =
+        QStringList{QStringLiteral("[1.05]"), QStringLiteral("[Container]"), QStringLiteral("-1")} +
+        Made().lines();
+    l += {QStringLiteral("[Picture]"),
+          QStringLiteral("[Locked]"),
+          QStringLiteral("0"),
+          QStringLiteral("[PicX]"),
+          QStringLiteral(" 300 "),
+          QStringLiteral("[PicY]"),
+          QStringLiteral(" 500 "),
+          QStringLiteral("[PicW]"),
+          QStringLiteral(" 900 "),
+          QStringLiteral("[PicH]"),
+          QStringLiteral(" 700 "),
+          QStringLiteral("[PicPath]"),
+          png,
+          QStringLiteral("TEMP"),
+          QStringLiteral("TEMP"),
+          QStringLiteral("TEMP"),
+          QStringLiteral("TEMP")};
     auto link = [&](const char* x, const char* y, const char* label, const char* type, const char* path) {
-        l += {QStringLiteral("[Link]"), QStringLiteral("[Size]"), QStringLiteral(" 10 "), QStringLiteral("[LinkX]"),
-              QString::fromLatin1(x), QStringLiteral("[LinkY]"), QString::fromLatin1(y),
-              QStringLiteral("[LinkLabel]"), QString::fromLatin1(label), QStringLiteral("[LinkType]"),
-              QString::fromLatin1(type), QStringLiteral("[LinkPath]"), QString::fromLatin1(path),
-              QStringLiteral("[LinkParam]"), QString(), QStringLiteral("[Color]"), QStringLiteral("-1"),
-              QStringLiteral("[Bold]"), QStringLiteral("0"), QStringLiteral("[Confirm]"), QStringLiteral("0"),
-              QStringLiteral("[Command]"), QStringLiteral(" 0 "), QStringLiteral("[Icon]"), QString(),
-              QStringLiteral("[GROUP]"), QString(), QStringLiteral("[EXCLUSIVE]"), QString()};
+        l += {QStringLiteral("[Link]"),
+              QStringLiteral("[Size]"),
+              QStringLiteral(" 10 "),
+              QStringLiteral("[LinkX]"),
+              QString::fromLatin1(x),
+              QStringLiteral("[LinkY]"),
+              QString::fromLatin1(y),
+              QStringLiteral("[LinkLabel]"),
+              QString::fromLatin1(label),
+              QStringLiteral("[LinkType]"),
+              QString::fromLatin1(type),
+              QStringLiteral("[LinkPath]"),
+              QString::fromLatin1(path),
+              QStringLiteral("[LinkParam]"),
+              QString(),
+              QStringLiteral("[Color]"),
+              QStringLiteral("-1"),
+              QStringLiteral("[Bold]"),
+              QStringLiteral("0"),
+              QStringLiteral("[Confirm]"),
+              QStringLiteral("0"),
+              QStringLiteral("[Command]"),
+              QStringLiteral(" 0 "),
+              QStringLiteral("[Icon]"),
+              QString(),
+              QStringLiteral("[GROUP]"),
+              QString(),
+              QStringLiteral("[EXCLUSIVE]"),
+              QString()};
     };
     link(" 600 ", " 1500 ", "report.txt", " 2 ", "/data/report.txt");
     link(" 600 ", " 1800 ", "Example", " 1 ", "https://example.org/");
@@ -268,10 +333,10 @@ TEST_F(ContainerFiles, AFeedContainerWritesItsRSSBlock) {
     b.name = QStringLiteral("News");
     b.icon = QDir(t.programDir()).filePath(QStringLiteral("rss.ico"));
     b.copyPath = QStringLiteral("http://127.0.0.1:8080/feed.xml");
-    const QByteArray file =
-        Lines(QStringList{QStringLiteral("[1.05]"), QStringLiteral("[RSS]"), QStringLiteral("http://127.0.0.1:8080/feed.xml"),
-                          QStringLiteral("News"), QStringLiteral("-1")} +
-              b.lines());
+    const QByteArray file = Lines(QStringList{QStringLiteral("[1.05]"), QStringLiteral("[RSS]"),
+                                              QStringLiteral("http://127.0.0.1:8080/feed.xml"),
+                                              QStringLiteral("News"), QStringLiteral("-1")} +
+                                  b.lines());
     LoadFiles({file});
     ASSERT_EQ(ws().ContainerCount, 1);
     const ContainerRecord& r = ws().Containers[0];
@@ -293,10 +358,10 @@ TEST_F(ContainerFiles, AFeedIgnoresItsCopyPathAndTakesTheRssIconForAFavicon) {
     b.name = QStringLiteral("News");
     b.icon = QStringLiteral("http://127.0.0.1/favicon.ico");
     b.copyPath = QStringLiteral("http://elsewhere/other.xml");
-    const QByteArray file =
-        Lines(QStringList{QStringLiteral("[1.05]"), QStringLiteral("[RSS]"), QStringLiteral("http://127.0.0.1/feed.xml"),
-                          QStringLiteral("News"), QStringLiteral("-1")} +
-              b.lines());
+    const QByteArray file = Lines(QStringList{QStringLiteral("[1.05]"), QStringLiteral("[RSS]"),
+                                              QStringLiteral("http://127.0.0.1/feed.xml"),
+                                              QStringLiteral("News"), QStringLiteral("-1")} +
+                                  b.lines());
     LoadFiles({file});
     EXPECT_EQ(ws().Containers[0].CopyPath, QStringLiteral("http://127.0.0.1/feed.xml"));
     EXPECT_EQ(ws().Containers[0].IconPath, QDir(t.programDir()).filePath(QStringLiteral("rss.ico")));
@@ -377,29 +442,89 @@ TEST_F(ContainerFiles, ReadingAppliesEveryKey) {
     const QString png = QStringLiteral("/pictures/cat.png");
     t.platform.images[png] = QSize(40, 30);
     const QByteArray file = Lines({
-        QStringLiteral("[1.05]"), QStringLiteral("[Container]"), QStringLiteral("-1"), QStringLiteral("[Name]"),
-        QStringLiteral("Projects"), QStringLiteral("[Backcolor]"), QStringLiteral(" 1193046 "),
-        QStringLiteral("[Forecolor]"), QStringLiteral(" 65280 "), QStringLiteral("[Icon]"),
-        QStringLiteral("  /icons/box.png  "), QStringLiteral("[CopyPath]"), folder.path(),
-        QStringLiteral("[RefreshOnExpand]"), QStringLiteral("True"), QStringLiteral("[NOTE ON]"),
-        QStringLiteral(" 1 "), QStringLiteral("[START Note]"), QStringLiteral("one"), QString(),
-        QStringLiteral("three"), QStringLiteral("[END Note]"), QStringLiteral("[Folded]"), QStringLiteral("0"),
-        QStringLiteral("[Flipped]"), QStringLiteral("0"), QStringLiteral("[Shrink]"), QStringLiteral("0"),
-        QStringLiteral("[X]"), QStringLiteral(" 1200 "), QStringLiteral("[Y]"), QStringLiteral(" 450,5 "),
-        QStringLiteral("[W]"), QStringLiteral(" 4000 "), QStringLiteral("[H]"), QStringLiteral(" 2500 "),
-        QStringLiteral("[an unknown key]"), QStringLiteral("[Picture]"), QStringLiteral("[Locked]"),
-        QStringLiteral("1"), QStringLiteral("[PicX]"), QStringLiteral(" 300 "), QStringLiteral("[PicY]"),
-        QStringLiteral(" 500 "), QStringLiteral("[PicW]"), QStringLiteral(" 900 "), QStringLiteral("[PicH]"),
-        QStringLiteral(" 700 "), QStringLiteral("[PicPath]"), png, QStringLiteral("TEMP"), QStringLiteral("TEMP"),
-        QStringLiteral("TEMP"), QStringLiteral("TEMP"), QStringLiteral("[Link]"), QStringLiteral("[Size]"),
-        QStringLiteral(" 12 "), QStringLiteral("[LinkX]"), QStringLiteral(" 600 "), QStringLiteral("[LinkY]"),
-        QStringLiteral(" 1500 "), QStringLiteral("[LinkLabel]"), QStringLiteral("Report"),
-        QStringLiteral("[LinkType]"), QStringLiteral(" 2 "), QStringLiteral("[LinkPath]"),
-        QStringLiteral("/data/report.txt"), QStringLiteral("[LinkParam]"), QStringLiteral("-v"),
-        QStringLiteral("[Color]"), QStringLiteral("-1"), QStringLiteral("[Bold]"), QStringLiteral("1"),
-        QStringLiteral("[Confirm]"), QStringLiteral("1"), QStringLiteral("[Command]"), QStringLiteral(" 0 "),
-        QStringLiteral("[Icon]"), QString(), QStringLiteral("[GROUP]"), QStringLiteral("work,home"),
-        QStringLiteral("[EXCLUSIVE]"), QStringLiteral("0"),
+        QStringLiteral("[1.05]"),
+        QStringLiteral("[Container]"),
+        QStringLiteral("-1"),
+        QStringLiteral("[Name]"),
+        QStringLiteral("Projects"),
+        QStringLiteral("[Backcolor]"),
+        QStringLiteral(" 1193046 "),
+        QStringLiteral("[Forecolor]"),
+        QStringLiteral(" 65280 "),
+        QStringLiteral("[Icon]"),
+        QStringLiteral("  /icons/box.png  "),
+        QStringLiteral("[CopyPath]"),
+        folder.path(),
+        QStringLiteral("[RefreshOnExpand]"),
+        QStringLiteral("True"),
+        QStringLiteral("[NOTE ON]"),
+        QStringLiteral(" 1 "),
+        QStringLiteral("[START Note]"),
+        QStringLiteral("one"),
+        QString(),
+        QStringLiteral("three"),
+        QStringLiteral("[END Note]"),
+        QStringLiteral("[Folded]"),
+        QStringLiteral("0"),
+        QStringLiteral("[Flipped]"),
+        QStringLiteral("0"),
+        QStringLiteral("[Shrink]"),
+        QStringLiteral("0"),
+        QStringLiteral("[X]"),
+        QStringLiteral(" 1200 "),
+        QStringLiteral("[Y]"),
+        QStringLiteral(" 450,5 "),
+        QStringLiteral("[W]"),
+        QStringLiteral(" 4000 "),
+        QStringLiteral("[H]"),
+        QStringLiteral(" 2500 "),
+        QStringLiteral("[an unknown key]"),
+        QStringLiteral("[Picture]"),
+        QStringLiteral("[Locked]"),
+        QStringLiteral("1"),
+        QStringLiteral("[PicX]"),
+        QStringLiteral(" 300 "),
+        QStringLiteral("[PicY]"),
+        QStringLiteral(" 500 "),
+        QStringLiteral("[PicW]"),
+        QStringLiteral(" 900 "),
+        QStringLiteral("[PicH]"),
+        QStringLiteral(" 700 "),
+        QStringLiteral("[PicPath]"),
+        png,
+        QStringLiteral("TEMP"),
+        QStringLiteral("TEMP"),
+        QStringLiteral("TEMP"),
+        QStringLiteral("TEMP"),
+        QStringLiteral("[Link]"),
+        QStringLiteral("[Size]"),
+        QStringLiteral(" 12 "),
+        QStringLiteral("[LinkX]"),
+        QStringLiteral(" 600 "),
+        QStringLiteral("[LinkY]"),
+        QStringLiteral(" 1500 "),
+        QStringLiteral("[LinkLabel]"),
+        QStringLiteral("Report"),
+        QStringLiteral("[LinkType]"),
+        QStringLiteral(" 2 "),
+        QStringLiteral("[LinkPath]"),
+        QStringLiteral("/data/report.txt"),
+        QStringLiteral("[LinkParam]"),
+        QStringLiteral("-v"),
+        QStringLiteral("[Color]"),
+        QStringLiteral("-1"),
+        QStringLiteral("[Bold]"),
+        QStringLiteral("1"),
+        QStringLiteral("[Confirm]"),
+        QStringLiteral("1"),
+        QStringLiteral("[Command]"),
+        QStringLiteral(" 0 "),
+        QStringLiteral("[Icon]"),
+        QString(),
+        QStringLiteral("[GROUP]"),
+        QStringLiteral("work,home"),
+        QStringLiteral("[EXCLUSIVE]"),
+        QStringLiteral("0"),
     });
     LoadFiles({file});
     ASSERT_EQ(ws().ContainerCount, 1);
@@ -511,11 +636,11 @@ TEST_F(ContainerFiles, AGapInTheNumberingEndsTheLoadAndTheNextSaveDeletesTheLate
 
 TEST_F(ContainerFiles, TheStateIsRestoredAtTheEndOfTheFileWhateverTheKeyOrder) {
     // [Folded] comes before the size it folds from.
-    const QByteArray early = Lines({QStringLiteral("[1.05]"), QStringLiteral("[Container]"), QStringLiteral("-1"),
-                                    QStringLiteral("[Folded]"), QStringLiteral("1"), QStringLiteral("[Shrink]"),
-                                    QStringLiteral("0"), QStringLiteral("[X]"), QStringLiteral(" 700 "),
-                                    QStringLiteral("[Y]"), QStringLiteral(" 300 "), QStringLiteral("[W]"),
-                                    QStringLiteral(" 3500 "), QStringLiteral("[H]"), QStringLiteral(" 2500 ")});
+    const QByteArray early = Lines(
+        {QStringLiteral("[1.05]"), QStringLiteral("[Container]"), QStringLiteral("-1"),
+         QStringLiteral("[Folded]"), QStringLiteral("1"), QStringLiteral("[Shrink]"), QStringLiteral("0"),
+         QStringLiteral("[X]"), QStringLiteral(" 700 "), QStringLiteral("[Y]"), QStringLiteral(" 300 "),
+         QStringLiteral("[W]"), QStringLiteral(" 3500 "), QStringLiteral("[H]"), QStringLiteral(" 2500 ")});
     LoadFiles({early});
     EXPECT_TRUE(IsFolded(ws(), 0));
     EXPECT_EQ(ws().Group(0).Height.get(), 350.0f);
@@ -610,7 +735,8 @@ TEST_F(ContainerFiles, AFileNamingItselfOrALoopAsParentLoadsOnTheBackground) {
     EXPECT_EQ(ws().Group(3).Container(), &ws().picBack(0));
     EXPECT_EQ(ws().Containers[3].ParentIndex, -1);
     // Everything stays usable.
-    for (int i = 0; i < 4; ++i) EXPECT_TRUE(IsContainerLive(ws(), i));
+    for (int i = 0; i < 4; ++i)
+        EXPECT_TRUE(IsContainerLive(ws(), i));
     mnuFoldAll_Click(ws());
     mnuShrinkAll_Click(ws());
     ws().menus["mnuCaptureContainers"].setChecked(true);

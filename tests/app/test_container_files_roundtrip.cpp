@@ -24,7 +24,9 @@ using namespace pd::test;
 
 namespace {
 
-QString Num(float v) { return QString::number(static_cast<double>(v), 'g', 9); }
+QString Num(float v) {
+    return QString::number(static_cast<double>(v), 'g', 9);
+}
 
 QString Parent(const Element& e) {
     const Element* p = e.Container();
@@ -43,45 +45,47 @@ std::vector<std::string> Snapshot(Workspace& ws) {
     for (int i = 0; i < ws.Group.Count(); ++i) {
         if (!IsContainerLive(ws, i)) continue;
         const ContainerRecord& r = ws.Containers[i];
-        QString s = QStringLiteral("container %1 in %2 at %3 name=%4 back=%5 fore=%6 folded=%7 shrunk=%8 "
-                                   "note=%9 text=[%10] titleTop=%11 flipped=%12 keepX=%13 rec=%14,%15 %16x%17 "
-                                   "icon=%18 copy=%19 border=%20 frame=%21")
-                        .arg(i)
-                        .arg(Parent(ws.Group(i)), Place(ws.Group(i)), ws.lblName(i).Caption.get())
-                        .arg(ws.grpBorder(i).BackColor.get())
-                        .arg(ws.grpBorder(i).ForeColor.get())
-                        .arg(IsFolded(ws, i))
-                        .arg(!ws.lblName(i).Visible)
-                        .arg(ws.txtNote(i).Visible.get())
-                        .arg(TrimAll(ws.txtNote(i).Text))
-                        .arg(Num(ws.picShrink(i).Top))
-                        .arg(r.Flipped)
-                        .arg(r.KeepX)
-                        .arg(r.X)
-                        .arg(r.Y)
-                        .arg(r.W)
-                        .arg(r.H)
-                        .arg(r.IconPath, r.CopyPath, Place(ws.grpBorder(i)))
-                        .arg(ws.Group(i).BackColor.get());
+        QString s =
+            QStringLiteral("container %1 in %2 at %3 name=%4 back=%5 fore=%6 folded=%7 shrunk=%8 "
+                           "note=%9 text=[%10] titleTop=%11 flipped=%12 keepX=%13 rec=%14,%15 %16x%17 "
+                           "icon=%18 copy=%19 border=%20 frame=%21")
+                .arg(i)
+                .arg(Parent(ws.Group(i)), Place(ws.Group(i)), ws.lblName(i).Caption.get())
+                .arg(ws.grpBorder(i).BackColor.get())
+                .arg(ws.grpBorder(i).ForeColor.get())
+                .arg(IsFolded(ws, i))
+                .arg(!ws.lblName(i).Visible)
+                .arg(ws.txtNote(i).Visible.get())
+                .arg(TrimAll(ws.txtNote(i).Text))
+                .arg(Num(ws.picShrink(i).Top))
+                .arg(r.Flipped)
+                .arg(r.KeepX)
+                .arg(r.X)
+                .arg(r.Y)
+                .arg(r.W)
+                .arg(r.H)
+                .arg(r.IconPath, r.CopyPath, Place(ws.grpBorder(i)))
+                .arg(ws.Group(i).BackColor.get());
         out.push_back(s.toStdString());
     }
     for (int k = 0; k < ws.Link.Count(); ++k) {
         if (!ws.Link.exists(k) || ws.Links[k].LinkPath.isEmpty()) continue;
         const Element& l = ws.Link(k);
         objects.push_back(QStringLiteral("link in %1 at %2 caption=%3 path=%4 colour=%5 bold=%6 size=%7")
-                          .arg(Parent(l), Place(l), l.Caption.get(), ws.Links[k].LinkPath)
-                          .arg(l.ForeColor.get())
-                          .arg(l.FontBold.get())
-                          .arg(Num(l.FontSize))
-                          .toStdString());
+                              .arg(Parent(l), Place(l), l.Caption.get(), ws.Links[k].LinkPath)
+                              .arg(l.ForeColor.get())
+                              .arg(l.FontBold.get())
+                              .arg(Num(l.FontSize))
+                              .toStdString());
     }
     for (int j = 0; j < ws.picPlaceholder.Count(); ++j) {
-        if (!ws.picPlaceholder.exists(j) || (!ws.picPlaceholder(j).Visible && !ws.picTemp(j).Visible)) continue;
+        if (!ws.picPlaceholder.exists(j) || (!ws.picPlaceholder(j).Visible && !ws.picTemp(j).Visible))
+            continue;
         objects.push_back(QStringLiteral("picture in %1 at %2 locked=%3 path=%4")
-                          .arg(Parent(ws.picPlaceholder(j)), Place(ws.picPlaceholder(j)))
-                          .arg(ws.picTemp(j).Visible.get())
-                          .arg(ws.DeskObjects[j].PicPath)
-                          .toStdString());
+                              .arg(Parent(ws.picPlaceholder(j)), Place(ws.picPlaceholder(j)))
+                              .arg(ws.picTemp(j).Visible.get())
+                              .arg(ws.DeskObjects[j].PicPath)
+                              .toStdString());
     }
     // Shortcuts and pictures are numbered anew by the load (those of the background come first).
     std::sort(objects.begin(), objects.end());
@@ -96,12 +100,13 @@ std::map<std::string, std::string> Files(const TestWorkspace& t) {
         if (t.dataExists(name)) out[name.toStdString()] = t.readData(name).toStdString();
     const QDir dir(t.dataFile(QStringLiteral("Containers")));
     for (const QString& name : dir.entryList(QDir::Files))
-        out["Containers/" + name.toStdString()] = t.readData(QStringLiteral("Containers/") + name).toStdString();
+        out["Containers/" + name.toStdString()] =
+            t.readData(QStringLiteral("Containers/") + name).toStdString();
     return out;
 }
 
 class RoundTrip : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override { t.start(); }
     Workspace& ws() { return *t.ws; }
     int NewContainerAt(float left, float top, const char* name) {

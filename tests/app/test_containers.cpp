@@ -19,7 +19,9 @@
 using namespace pd;
 using namespace pd::test;
 
-void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+void PrintTo(const QString& s, std::ostream* os) {
+    *os << '"' << s.toStdString() << '"';
+}
 
 namespace {
 
@@ -36,7 +38,7 @@ struct Recorder : ElementSink {
 };
 
 class ContainerLife : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override { t.start(); }
     Workspace& ws() { return *t.ws; }
     // A container as the menu makes it, named with Enter.
@@ -129,8 +131,8 @@ TEST_F(ContainerLife, ALaterContainerLoadsItsMembersInOrderWithTheirVisibility) 
     EXPECT_EQ(ws().ContainerCount, 2);
 
     const std::vector<std::pair<QString, int>> order = {
-        {"Group", 1},     {"grpBorder", 1}, {"txtNote", 1},    {"ShrinkIcon", 1}, {"chkFold", 1},
-        {"chkUnfold", 1}, {"picShrink", 1}, {"picPin", 1},     {"picPinNote", 1}, {"picCopy2", 1},
+        {"Group", 1},     {"grpBorder", 1}, {"txtNote", 1},  {"ShrinkIcon", 1}, {"chkFold", 1},
+        {"chkUnfold", 1}, {"picShrink", 1}, {"picPin", 1},   {"picPinNote", 1}, {"picCopy2", 1},
         {"picCopy1", 1},  {"lblName", 1},   {"groupName", 1}};
     EXPECT_EQ(rec.loaded, order);
     // Each is brought to the top of its parent as it comes, but picCopy2.
@@ -144,9 +146,9 @@ TEST_F(ContainerLife, ALaterContainerLoadsItsMembersInOrderWithTheirVisibility) 
 
     EXPECT_EQ(ws().Group(1).Container(), ws().Group(0).Container());
     EXPECT_EQ(ws().grpBorder(1).Container(), &ws().Group(1));
-    for (ElementFamily* f : {&ws().txtNote, &ws().ShrinkIcon, &ws().chkFold, &ws().chkUnfold, &ws().picShrink,
-                             &ws().picPin, &ws().picPinNote, &ws().picCopy2, &ws().picCopy1, &ws().lblName,
-                             &ws().groupName})
+    for (ElementFamily* f :
+         {&ws().txtNote, &ws().ShrinkIcon, &ws().chkFold, &ws().chkUnfold, &ws().picShrink, &ws().picPin,
+          &ws().picPinNote, &ws().picCopy2, &ws().picCopy1, &ws().lblName, &ws().groupName})
         EXPECT_EQ((*f)(1).Container(), &ws().grpBorder(1)) << f->name().toStdString();
     for (ElementFamily* f : {&ws().Group, &ws().grpBorder, &ws().chkFold, &ws().picShrink, &ws().picPinNote,
                              &ws().picCopy2, &ws().picCopy1, &ws().lblName})
@@ -173,7 +175,8 @@ TEST_F(ContainerLife, ALaterContainerLoadsItsMembersInOrderWithTheirVisibility) 
 }
 
 TEST_F(ContainerLife, ADeletedContainerKeepsItsIndexAndTheNextTakesContainerCount) {
-    for (int k = 0; k < 3; ++k) NewContainer();
+    for (int k = 0; k < 3; ++k)
+        NewContainer();
     ws().ConfirmDelete = false;
     ws().SelectedContainer = 1;
     mnuDeleteContainer_Click(ws());
@@ -195,7 +198,9 @@ TEST_F(ContainerLife, TheMenuGivesANewContainerTheColoursTheLayoutAndTheRenameFi
     ws().ContainerColor = 0x123456;
     ws().ContainerLabelColor = 0x00FF00;
     std::vector<QString> focused;
-    ws().onFocusRequest = [&focused](Element& e) { focused.push_back(e.Name() + QString::number(e.Index())); };
+    ws().onFocusRequest = [&focused](Element& e) {
+        focused.push_back(e.Name() + QString::number(e.Index()));
+    };
     mnuNew_Click(ws());
     const int n = 0;
     EXPECT_EQ(ws().ContainerCount, 1);

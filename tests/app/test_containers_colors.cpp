@@ -12,31 +12,37 @@
 using namespace pd;
 using namespace pd::test;
 
-void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+void PrintTo(const QString& s, std::ostream* os) {
+    *os << '"' << s.toStdString() << '"';
+}
 
 namespace {
 
-const char* const kToolbarFiles[] = {"shrinkall.gif", "foldall.gif", "rss.gif", "lock.gif", "unlock.gif", "dock.gif"};
+const char* const kToolbarFiles[] = {"shrinkall.gif", "foldall.gif", "rss.gif",
+                                     "lock.gif",      "unlock.gif",  "dock.gif"};
 const char* const kContainerFiles[] = {"shrink.gif",   "folderoff.gif", "folderon.gif", "noteshow.gif",
                                        "notehide.gif", "fold.gif",      "unfold.gif"};
 
 class ButtonsAndColours : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override { t.start(); }
     Workspace& ws() { return *t.ws; }
     QString SetFile(const QString& set, const char* file) const {
-        return t.dataFile(QStringLiteral("Skin/Buttons/") + set + QLatin1Char('/') + QString::fromLatin1(file));
+        return t.dataFile(QStringLiteral("Skin/Buttons/") + set + QLatin1Char('/') +
+                          QString::fromLatin1(file));
     }
     // Makes every image of a set readable for the platform.
     void ProvideSet(const QString& set) {
-        for (const char* f : kToolbarFiles) t.platform.images[SetFile(set, f)] = QSize(16, 16);
-        for (const char* f : kContainerFiles) t.platform.images[SetFile(set, f)] = QSize(16, 16);
+        for (const char* f : kToolbarFiles)
+            t.platform.images[SetFile(set, f)] = QSize(16, 16);
+        for (const char* f : kContainerFiles)
+            t.platform.images[SetFile(set, f)] = QSize(16, 16);
     }
     // The element of each container file, for container i.
     std::map<std::string, Element*> ContainerButtons(int i) {
-        return {{"shrink.gif", &ws().picShrink(i)},    {"folderoff.gif", &ws().picCopy1(i)},
-                {"folderon.gif", &ws().picCopy2(i)},   {"noteshow.gif", &ws().picPinNote(i)},
-                {"notehide.gif", &ws().picPin(i)},     {"fold.gif", &ws().chkFold(i)},
+        return {{"shrink.gif", &ws().picShrink(i)},  {"folderoff.gif", &ws().picCopy1(i)},
+                {"folderon.gif", &ws().picCopy2(i)}, {"noteshow.gif", &ws().picPinNote(i)},
+                {"notehide.gif", &ws().picPin(i)},   {"fold.gif", &ws().chkFold(i)},
                 {"unfold.gif", &ws().chkUnfold(i)}};
     }
     std::map<std::string, Element*> ToolbarButtons() {
@@ -90,7 +96,8 @@ TEST_F(ButtonsAndColours, SetColorsColoursTheFrameAndTheButtonsButNotTheBoxOrThe
 // --- InitButtons ---
 
 TEST_F(ButtonsAndColours, InitButtonsLoadsTheToolbarAndEveryContainerDeadOnesToo) {
-    for (int k = 0; k < 3; ++k) mnuNew_Click(ws());
+    for (int k = 0; k < 3; ++k)
+        mnuNew_Click(ws());
     ws().Group(1).Visible = false; // a dead slot
     const QString set = QStringLiteral("Night");
     ProvideSet(set);
@@ -133,8 +140,8 @@ TEST(ButtonsAtStart, TheLoadGivesTheLoadedContainersTheImagesOfTheSet) {
     TestWorkspace t;
     t.writeData(QStringLiteral("Perchdock.ini"), CrLf({"[1.05]", "[Buttons]", "Night"}));
     t.writeData(QStringLiteral("Containers/0.con"),
-                CrLf({"[1.05]", "[Container]", "-1", "[Name]", "Box", "[Backcolor]", " 2688768 ", "[X]", " 600 ", "[Y]",
-                      " 200 ", "[W]", " 3000 ", "[H]", " 3000 "}));
+                CrLf({"[1.05]", "[Container]", "-1", "[Name]", "Box", "[Backcolor]", " 2688768 ", "[X]",
+                      " 600 ", "[Y]", " 200 ", "[W]", " 3000 ", "[H]", " 3000 "}));
     const QString dir = QDir(t.dataFile(QStringLiteral("Skin/Buttons/Night"))).path();
     t.platform.images[QDir(dir).filePath(QStringLiteral("shrink.gif"))] = QSize(16, 16);
     t.platform.images[QDir(dir).filePath(QStringLiteral("fold.gif"))] = QSize(16, 16);

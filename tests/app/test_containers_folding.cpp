@@ -13,12 +13,14 @@
 using namespace pd;
 using namespace pd::test;
 
-void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+void PrintTo(const QString& s, std::ostream* os) {
+    *os << '"' << s.toStdString() << '"';
+}
 
 namespace {
 
 class Folding : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override {
         t.start();
         // The workspace after the first start: picBack fills the window inside a 50-twip margin.
@@ -45,8 +47,8 @@ protected:
     }
     void ExpectTitleAtBottom(int i) {
         const float top = ws().Group(i).Height - 300;
-        for (ElementFamily* f : {&ws().chkFold, &ws().groupName, &ws().lblName, &ws().picPinNote, &ws().picPin,
-                                 &ws().picCopy1, &ws().picCopy2, &ws().picShrink})
+        for (ElementFamily* f : {&ws().chkFold, &ws().groupName, &ws().lblName, &ws().picPinNote,
+                                 &ws().picPin, &ws().picCopy1, &ws().picCopy2, &ws().picShrink})
             EXPECT_EQ((*f)(i).Top.get(), top) << f->name().toStdString();
         EXPECT_EQ(ws().txtNote(i).Top.get(), 100.0f);
     }
@@ -90,7 +92,9 @@ TEST_F(Folding, FoldingLeavesTheTitleBarAndUnfoldingGivesBackTheOpenSize) {
 
 TEST_F(Folding, UnfoldingGivesTheKeyboardToAVisibleNote) {
     std::vector<QString> focused;
-    ws().onFocusRequest = [&focused](Element& e) { focused.push_back(e.Name() + QString::number(e.Index())); };
+    ws().onFocusRequest = [&focused](Element& e) {
+        focused.push_back(e.Name() + QString::number(e.Index()));
+    };
     const int box = NewContainerAt(600, 200);
     FoldContainer(ws(), box);
     focused.clear();

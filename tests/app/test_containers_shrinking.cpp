@@ -14,12 +14,14 @@
 using namespace pd;
 using namespace pd::test;
 
-void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+void PrintTo(const QString& s, std::ostream* os) {
+    *os << '"' << s.toStdString() << '"';
+}
 
 namespace {
 
 class Shrinking : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override {
         t.start();
         ASSERT_EQ(ws().picBack(0).Width.get(), 9965.0f);
@@ -227,7 +229,9 @@ TEST_F(Shrinking, ANoteStaysANoteThroughShrinkAndExpand) {
 
 TEST_F(Shrinking, ExpandingGivesTheKeyboardToAVisibleNote) {
     std::vector<QString> focused;
-    ws().onFocusRequest = [&focused](Element& e) { focused.push_back(e.Name() + QString::number(e.Index())); };
+    ws().onFocusRequest = [&focused](Element& e) {
+        focused.push_back(e.Name() + QString::number(e.Index()));
+    };
     const int box = NewContainerAt(600, 200);
     ToggleShrink(ws(), box);
     focused.clear();
