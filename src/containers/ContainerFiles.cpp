@@ -14,6 +14,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSet>
 
 #include <algorithm>
 
@@ -282,21 +283,30 @@ void WriteContainerFiles(Workspace& ws) {
     // A tag filter never loses containers: what it hides is shown again before anything is written.
     for (int i = 0; i < count; ++i)
         if (ws.Group.exists(i) && ws.Containers[i].TagHidden) ws.Group(i).Visible = true;
-    QStringList written;
+    QSet<QString> written;
     int counter = 0;
     for (int i = 0; i < count; ++i) {
         // Deleted containers, and those nested in them, are not written: this is how they vanish.
         if (!IsContainerLive(ws, i)) continue;
         const QString name = QString::number(counter++) + QStringLiteral(".con");
-        written << name;
+        written.insert(name);
         const QString path = dir.filePath(name);
         const QByteArray bytes = ContainerFileBytes(ws, i);
-        // A file is replaced only when its bytes change, and then atomically.
-        if (FileBytes(path) != bytes) WriteFileAtomically(path, bytes);
+        // A file is replaced only when its bytes change, and then atomically. What the files hold is
+        // known from the last read or write, so an unchanged container costs no disk read.
+        auto known = ws.SavedContainerFiles.find(name);
+        const bool same = known != ws.SavedContainerFiles.end() && known->second == bytes &&
+                          QFileInfo(path).size() == bytes.size();
+        if (same) continue;
+        if (WriteFileAtomically(path, bytes)) ws.SavedContainerFiles[name] = bytes;
+        else ws.SavedContainerFiles.erase(name);
     }
     // Files no longer needed go last, so that a crash before this point loses nothing.
-    for (const QString& old : dir.entryList({QStringLiteral("*.con")}, QDir::Files))
-        if (!written.contains(old)) QFile::remove(dir.filePath(old));
+    for (const QString& old : dir.entryList({QStringLiteral("*.con")}, QDir::Files)) {
+        if (written.contains(old)) continue;
+        QFile::remove(dir.filePath(old));
+        ws.SavedContainerFiles.erase(old);
+    }
 }
 
 void ReadContainerFiles(Workspace& ws) {
@@ -305,7 +315,9 @@ void ReadContainerFiles(Workspace& ws) {
     for (int n = 0;; ++n) {
         const QString path = dir.filePath(QString::number(n) + QStringLiteral(".con"));
         if (!QFileInfo(path).isFile()) break; // a gap in the numbering ends the load
-        ReadContainerFile(ws, ReadTextLines(path).value_or(QStringList()));
+        const QByteArray bytes = FileBytes(path);
+        ws.SavedContainerFiles[QString::number(n) + QStringLiteral(".con")] = bytes;
+        ReadContainerFile(ws, SplitLines(DecodeText(bytes)));
     }
     // The nesting pass: each container goes into the one its file named.
     for (int i = 0; i < ws.Group.Count() && i < static_cast<int>(ws.Containers.size()); ++i) {

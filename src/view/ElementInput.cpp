@@ -28,6 +28,26 @@ void Popup(InputContext& ctx, const QString& name, const QMouseEvent& ev) {
     if (QMenu* m = ctx.menus.menu(name)) m->popup(ev.globalPosition().toPoint());
 }
 
+// The mouse button as the handlers take it: 1 left, 2 right, 4 middle.
+int Button(const QMouseEvent& ev) {
+    switch (ev.button()) {
+    case Qt::LeftButton: return 1;
+    case Qt::RightButton: return 2;
+    case Qt::MiddleButton: return 4;
+    default: return 0;
+    }
+}
+
+// A press handled by the core with its button, then a save of the recovery file.
+Handler OnPress(Workspace& ws, void (*action)(Workspace&, int, int)) {
+    return [&ws, action](ElementWidget& w, QMouseEvent& ev) {
+        const int i = w.element().Index();
+        ws.SelectedContainer = static_cast<int16_t>(i);
+        action(ws, Button(ev), i);
+        if (Left(ev)) SaveDesktop(ws, true, false);
+    };
+}
+
 // A left press that changes the container, then a save of the recovery file.
 Handler OnLeftPress(Workspace& ws, void (*action)(Workspace&, int)) {
     return [&ws, action](ElementWidget& w, QMouseEvent& ev) {
@@ -37,6 +57,11 @@ Handler OnLeftPress(Workspace& ws, void (*action)(Workspace&, int)) {
         action(ws, i);
         SaveDesktop(ws, true, false);
     };
+}
+
+// The mouse has gone elsewhere, unless moves are resting after the stepping key.
+void MouseLeftTiles(Workspace& ws) {
+    if (!ws.TimerDisableMouseMove.Enabled()) ShrinkBackContainer(ws);
 }
 
 void WireTitleBand(InputContext& ctx, ElementWidget& w) {
@@ -67,25 +92,25 @@ void WireElementInput(InputContext& ctx, ElementWidget& w) {
         WireTitleBand(ctx, w);
     } else if (name == QLatin1String("picBack")) {
         // The mouse on the bare background has left every tile.
-        w.onMove = [&ws](ElementWidget&, QMouseEvent&) { ShrinkBackContainer(ws); };
+        w.onMove = [&ws](ElementWidget&, QMouseEvent&) { MouseLeftTiles(ws); };
         w.onPress = [&ctx](ElementWidget&, QMouseEvent& ev) {
             if (ev.button() == Qt::RightButton) Popup(ctx, QStringLiteral("mnuMain"), ev);
         };
     } else if (name == QLatin1String("chkFold")) {
-        w.onPress = OnLeftPress(ws, FoldContainer);
+        w.onPress = OnPress(ws, chkFold_MouseDown);
         w.onRelease = [&ws](ElementWidget&, QMouseEvent& ev) {
             if (Left(ev)) chkFold_MouseUp(ws);
         };
     } else if (name == QLatin1String("chkUnfold")) {
-        w.onPress = OnLeftPress(ws, UnfoldContainer);
+        w.onPress = OnPress(ws, chkUnfold_MouseDown);
         w.onRelease = [&ws](ElementWidget&, QMouseEvent& ev) {
             if (Left(ev)) chkUnfold_MouseUp(ws);
         };
     } else if (name == QLatin1String("picShrink")) {
-        w.onPress = OnLeftPress(ws, ToggleShrink);
+        w.onPress = OnPress(ws, picShrink_MouseDown);
         w.onMove = [&ws, i](ElementWidget&, QMouseEvent&) { ShrinkHover(ws, i); };
     } else if (name == QLatin1String("ShrinkIcon")) {
-        w.onMove = [&ws](ElementWidget&, QMouseEvent&) { ShrinkBackContainer(ws); };
+        w.onMove = [&ws](ElementWidget&, QMouseEvent&) { MouseLeftTiles(ws); };
         w.onDoubleClick = [&ws, i](ElementWidget&, QMouseEvent&) {
             ws.SelectedContainer = static_cast<int16_t>(i);
             ShrinkIcon_DblClick(ws);

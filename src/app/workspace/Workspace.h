@@ -10,6 +10,7 @@
 #include "platform/Platform.h"
 
 #include <functional>
+#include <unordered_map>
 #include <vector>
 
 namespace pd {
@@ -161,6 +162,9 @@ public:
     bool ToolbarVisible = false;
     // The main window has been unloaded; the process is ending.
     bool Unloaded = false;
+
+    // What each container file on disk holds, as this program last read or wrote it, by file name.
+    std::unordered_map<QString, QByteArray> SavedContainerFiles;
 
     // --- containers: folding, shrinking, stepping ---
     // The container last opened by a double click on its title or by stepping; -1 for none.
