@@ -19,8 +19,9 @@ if [ -z "${DISPLAY:-}" ]; then
     rm -rf "$tmp"
   }
   trap cleanup EXIT
-  # Xvfb picks a free display number and writes it to fd 3 once it accepts connections.
-  Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp 3>"$tmp/display" 2>"$tmp/xvfb.log" &
+  # Xvfb picks a free display number and writes it to fd 3 once it accepts connections. It runs in a
+  # session of its own, so that Ctrl+C reaches only the program, which then saves and ends.
+  setsid Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp 3>"$tmp/display" 2>"$tmp/xvfb.log" &
   xvfb_pid=$!
   for _ in $(seq 100); do
     [ -s "$tmp/display" ] && break
@@ -30,6 +31,11 @@ if [ -z "${DISPLAY:-}" ]; then
   [ -s "$tmp/display" ] || { echo "run: Xvfb did not start" >&2; exit 1; }
   export DISPLAY=":$(head -n1 "$tmp/display")"
   export QT_QPA_PLATFORM=xcb
+  if [ -z "${XDG_RUNTIME_DIR:-}" ]; then
+    # The folder Qt would take, made beforehand so that Qt does not warn about it.
+    export XDG_RUNTIME_DIR=/tmp/runtime-$(id -un)
+    mkdir -p -m 700 "$XDG_RUNTIME_DIR"
+  fi
   echo "run: no display given; Perchdock runs on the virtual display $DISPLAY (Ctrl+C ends it)"
   status=0
   "$build/src/perchdock" "$@" || status=$?
