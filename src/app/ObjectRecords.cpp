@@ -17,14 +17,6 @@ void WriteFillers(TextWriter& out) {
     for (int i = 0; i < 4; ++i) out.line(kTemp);
 }
 
-// Line breaks inside a multi-line value are stored as CR LF whatever the text holds.
-QString WithCrLf(QString text) {
-    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-    text.replace(QLatin1Char('\r'), QLatin1Char('\n'));
-    text.replace(QLatin1Char('\n'), QLatin1String("\r\n"));
-    return text;
-}
-
 QString Or(const std::optional<QString>& v) { return v.value_or(QString()); }
 } // namespace
 

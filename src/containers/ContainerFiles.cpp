@@ -52,11 +52,7 @@ QByteArray ContainerFileBytes(Workspace& ws, int i) {
     out.pair(QStringLiteral("[NOTE ON]"), FlagText(ws.txtNote(i).Visible));
     out.line(QStringLiteral("[START Note]"));
     // The note as it is stored: trimmed, its line breaks as CR LF; an empty note is one blank line.
-    QString note = TrimAll(ws.txtNote(i).Text);
-    note.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-    note.replace(QLatin1Char('\r'), QLatin1Char('\n'));
-    note.replace(QLatin1Char('\n'), QLatin1String("\r\n"));
-    out.line(note);
+    out.line(WithCrLf(TrimAll(ws.txtNote(i).Text)));
     out.line(QStringLiteral("[END Note]"));
     const bool folded = ws.chkUnfold(i).Visible;
     const bool shrunk = !ws.lblName(i).Visible;

@@ -15,6 +15,8 @@ namespace pd {
 QString DecodeText(const QByteArray& bytes);
 // Splits text into lines at CR LF, CR or LF; a last line without an end counts, an empty tail does not.
 QStringList SplitLines(const QString& text);
+// A multi-line value as the files store it: every line break (CR LF, CR or LF) as CR LF.
+QString WithCrLf(QString text);
 // Reads a whole file as lines; nothing when it cannot be opened.
 std::optional<QStringList> ReadTextLines(const QString& path);
 
