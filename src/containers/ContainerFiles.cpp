@@ -31,7 +31,38 @@ QString ParentText(Workspace& ws, int i) {
     return WordText(static_cast<int16_t>(parent->Index()));
 }
 
-QByteArray ContainerFileBytes(Workspace& ws, int i) {
+// The pictures and shortcuts of one container, in family order.
+struct Contents {
+    std::vector<int> pictures;
+    std::vector<int> links;
+};
+
+// Sorts every picture and shortcut to its container in one pass, so that a save of many containers
+// does not walk all shortcuts once per container.
+std::vector<Contents> ContentsByContainer(Workspace& ws, int count) {
+    std::vector<Contents> by(static_cast<size_t>(count));
+    auto owner = [count](const Element& e) {
+        const Element* c = e.Container();
+        if (!c || c->Name() != QLatin1String("grpBorder") || c->Index() < 0 || c->Index() >= count) return -1;
+        return c->Index();
+    };
+    for (int j = 0; j < ws.picPlaceholder.Count(); ++j) {
+        if (!ws.picPlaceholder.exists(j) || j >= static_cast<int>(ws.DeskObjects.size())) continue;
+        if (ws.DeskObjects[j].IsReminder) continue;
+        if (!ws.picPlaceholder(j).Visible && !ws.picTemp(j).Visible) continue;
+        const int c = owner(ws.picPlaceholder(j));
+        if (c >= 0 && owner(ws.picTemp(j)) == c) by[static_cast<size_t>(c)].pictures.push_back(j);
+    }
+    for (int k = 0; k < ws.Link.Count(); ++k) {
+        if (!ws.Link.exists(k) || k >= static_cast<int>(ws.Links.size())) continue;
+        if (ws.Links[k].LinkPath.isEmpty()) continue;
+        const int c = owner(ws.Link(k));
+        if (c >= 0) by[static_cast<size_t>(c)].links.push_back(k);
+    }
+    return by;
+}
+
+QByteArray ContainerFileBytes(Workspace& ws, int i, const Contents& contents) {
     TextWriter out;
     const ContainerRecord& r = ws.Containers[i];
     out.line(QString::fromLatin1(kFileVersion));
@@ -66,18 +97,8 @@ QByteArray ContainerFileBytes(Workspace& ws, int i) {
     const bool open = !shrunk && !folded;
     out.pair(QStringLiteral("[W]"), open ? SingleText(g.Width) : LongText(r.W));
     out.pair(QStringLiteral("[H]"), open ? SingleText(g.Height) : LongText(r.H));
-    for (int j = 0; j < ws.picPlaceholder.Count(); ++j) {
-        if (!ws.picPlaceholder.exists(j) || j >= static_cast<int>(ws.DeskObjects.size())) continue;
-        if (ws.DeskObjects[j].IsReminder) continue;
-        if (!ws.picPlaceholder(j).Visible && !ws.picTemp(j).Visible) continue;
-        if (!InContainer(ws.picPlaceholder(j), i) || !InContainer(ws.picTemp(j), i)) continue;
-        WritePictureRecord(ws, out, j);
-    }
-    for (int k = 0; k < ws.Link.Count(); ++k) {
-        if (!ws.Link.exists(k) || k >= static_cast<int>(ws.Links.size())) continue;
-        if (ws.Links[k].LinkPath.isEmpty() || !InContainer(ws.Link(k), i)) continue;
-        WriteLinkRecord(ws, out, k);
-    }
+    for (int j : contents.pictures) WritePictureRecord(ws, out, j);
+    for (int k : contents.links) WriteLinkRecord(ws, out, k);
     return out.bytes();
 }
 
@@ -279,6 +300,7 @@ void WriteContainerFiles(Workspace& ws) {
     // A tag filter never loses containers: what it hides is shown again before anything is written.
     for (int i = 0; i < count; ++i)
         if (ws.Group.exists(i) && ws.Containers[i].TagHidden) ws.Group(i).Visible = true;
+    const std::vector<Contents> contents = ContentsByContainer(ws, count);
     QSet<QString> written;
     int counter = 0;
     for (int i = 0; i < count; ++i) {
@@ -287,18 +309,25 @@ void WriteContainerFiles(Workspace& ws) {
         const QString name = QString::number(counter++) + QStringLiteral(".con");
         written.insert(name);
         const QString path = dir.filePath(name);
-        const QByteArray bytes = ContainerFileBytes(ws, i);
+        const QByteArray bytes = ContainerFileBytes(ws, i, contents[static_cast<size_t>(i)]);
         // A file is replaced only when its bytes change, and then atomically. What the files hold is
-        // known from the last read or write, so an unchanged container costs no disk read.
+        // known from the last read or write, so an unchanged container costs no disk access at all.
         auto known = ws.SavedContainerFiles.find(name);
-        const bool same = known != ws.SavedContainerFiles.end() && known->second == bytes &&
-                          QFileInfo(path).size() == bytes.size();
-        if (same) continue;
+        if (known != ws.SavedContainerFiles.end() && known->second == bytes) continue;
         if (WriteFileAtomically(path, bytes)) ws.SavedContainerFiles[name] = bytes;
         else ws.SavedContainerFiles.erase(name);
     }
-    // Files no longer needed go last, so that a crash before this point loses nothing.
-    for (const QString& old : dir.entryList({QStringLiteral("*.con")}, QDir::Files)) {
+    // Files no longer needed go last, so that a crash before this point loses nothing. The folder is
+    // looked at once, for files this program did not write; after that the record of its own files
+    // tells which are left over.
+    QStringList stale;
+    if (!ws.ContainerFolderListed) {
+        stale = dir.entryList({QStringLiteral("*.con")}, QDir::Files);
+        ws.ContainerFolderListed = true;
+    } else {
+        for (const auto& [name, bytes] : ws.SavedContainerFiles) stale << name;
+    }
+    for (const QString& old : stale) {
         if (written.contains(old)) continue;
         QFile::remove(dir.filePath(old));
         ws.SavedContainerFiles.erase(old);

@@ -165,6 +165,8 @@ public:
 
     // What each container file on disk holds, as this program last read or wrote it, by file name.
     std::unordered_map<QString, QByteArray> SavedContainerFiles;
+    // The Containers folder has been listed once for files this program did not write.
+    bool ContainerFolderListed = false;
 
     // --- containers: folding, shrinking, stepping ---
     // The container last opened by a double click on its title or by stepping; -1 for none.
