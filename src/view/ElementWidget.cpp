@@ -73,7 +73,7 @@ void ElementWidget::syncEditor() {
     pal.setColor(QPalette::Text, ToQColor(e_.ForeColor));
     ed->setPalette(pal);
     QFont f(e_.FontName.get());
-    f.setPointSizeF(e_.FontSize > 0 ? e_.FontSize : 8);
+    f.setPointSizeF(ShownFontSize(e_.FontSize));
     f.setBold(e_.FontBold);
     ed->setFont(f);
     if (line_ && line_->text() != e_.Text.get()) line_->setText(e_.Text.get());
@@ -152,7 +152,7 @@ void ElementWidget::paintEvent(QPaintEvent*) {
     const QString& caption = e_.Caption.get();
     if (!caption.isEmpty()) {
         QFont f(e_.FontName.get());
-        f.setPointSizeF(e_.FontSize > 0 ? e_.FontSize : 8);
+        f.setPointSizeF(ShownFontSize(e_.FontSize));
         f.setBold(e_.FontBold);
         f.setUnderline(e_.FontUnderline);
         p.setFont(f);

@@ -5,6 +5,7 @@
 
 #include <QSize>
 
+#include <algorithm>
 #include <cmath>
 
 #include <deque>
@@ -70,7 +71,7 @@ public:
     }
     // Text measures as a plain fixed-pitch font would: 0.6 em a character, 1.6 em a line.
     QSize textExtent(const QString& text, const QString&, float pointSize, bool bold) const override {
-        const double em = pointSize * 96.0 / 72.0;
+        const double em = std::clamp(static_cast<double>(pointSize), 1.0, 1638.0) * 96.0 / 72.0;
         return QSize(static_cast<int>(std::ceil(text.size() * em * (bold ? 0.65 : 0.6))),
                      static_cast<int>(std::ceil(em * 1.6)));
     }

@@ -11,6 +11,13 @@ namespace pd {
 class Element;
 class ElementFamily;
 
+// The point size a font is shown and measured at: a stored size may be anything a file held, but a
+// font is drawn between 1 and 1638 points (the largest size the stored files' own fonts knew).
+inline float ShownFontSize(float size) {
+    if (!(size >= 1)) return size > 0 ? 1.0f : 8.0f; // also catches NaN
+    return size > 1638 ? 1638.0f : size;
+}
+
 // Every property that a view may have to mirror.
 enum class Prop : uint8_t {
     Left,

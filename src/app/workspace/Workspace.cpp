@@ -138,7 +138,7 @@ void Workspace::Dispatch::elementChanged(Element& e, Prop p) {
                              p == Prop::FontBold || p == Prop::AutoSize;
     if (e.AutoSize && textChanged) {
         // Setting Width and Height reports them to the view on their own.
-        const QSize px = ws->platform.textExtent(e.Caption.get(), e.FontName.get(), e.FontSize, e.FontBold);
+        const QSize px = ws->platform.textExtent(e.Caption.get(), e.FontName.get(), ShownFontSize(e.FontSize), e.FontBold);
         e.Width = static_cast<float>(px.width()) * ws->TwipsPerPixelX();
         e.Height = static_cast<float>(px.height()) * ws->TwipsPerPixelY();
     }

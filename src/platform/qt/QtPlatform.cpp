@@ -1,5 +1,6 @@
 #include "platform/qt/QtPlatform.h"
 
+#include "app/elements/Element.h"
 #include "platform/qt/ProgramIcon.h"
 
 #include <QApplication>
@@ -103,7 +104,7 @@ QSize QtPlatform::imageSize(const QString& path) const {
 
 QSize QtPlatform::textExtent(const QString& text, const QString& fontName, float pointSize, bool bold) const {
     QFont f(fontName);
-    f.setPointSizeF(pointSize > 0 ? pointSize : 8);
+    f.setPointSizeF(ShownFontSize(pointSize));
     f.setBold(bold);
     return QFontMetrics(f).size(Qt::TextSingleLine, text);
 }
