@@ -62,6 +62,8 @@ Workspace::Workspace(Platform& p, Clock& c) : platform(p), clock(c) {
                              &splash.lblVersion, &splash.lblLoad, &splash.Label2, &splash.lblUpdate})
         (*f)(0).BackStyle = 0;
     Link(0).AutoSize = true;
+    // An icon box shows only its icon: until one is drawn there is nothing to see.
+    PicIcon(0).BackStyle = 0;
     // The toolbar buttons show only their images (drawn over the background).
     for (ElementFamily* f : {&PicDock, &PicLockToolbar, &PicUnLockToolbar}) (*f)(0).BackStyle = 0;
     imgBack(0).Stretch = true;
