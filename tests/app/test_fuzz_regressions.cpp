@@ -122,7 +122,7 @@ TEST(FuzzRegressions, LabelMeasuredAtAnEnormousFontSize) {
 
 TEST(FuzzRegressions, ShownFontSizeStaysBetweenOneAnd1638Points) {
     EXPECT_EQ(ShownFontSize(10.0f), 10.0f);
-    EXPECT_EQ(ShownFontSize(8.8e38f), 1638.0f);
+    EXPECT_EQ(ShownFontSize(3.0e38f), 1638.0f);
     EXPECT_EQ(ShownFontSize(0.5f), 1.0f);
     EXPECT_EQ(ShownFontSize(0.0f), 8.0f);
     EXPECT_EQ(ShownFontSize(-3.0f), 8.0f);
