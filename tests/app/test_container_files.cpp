@@ -106,14 +106,7 @@ class ContainerFiles : public ::testing::Test {
   protected:
     void SetUp() override { t.start(); }
     Workspace& ws() { return *t.ws; }
-    int NewContainerAt(float left, float top) {
-        ws().DropX = left;
-        ws().DropY = top;
-        mnuNew_Click(ws());
-        const int n = ws().ContainerCount - 1;
-        RenameFinished(ws(), n, false);
-        return n;
-    }
+    int NewContainerAt(float left, float top) { return t.newContainerAt(left, top); }
     QString EmptyIcon() const { return QDir(t.programDir()).filePath(QStringLiteral("emptyicon.ico")); }
     Body Made() const {
         Body b;

@@ -29,14 +29,7 @@ class Folding : public ::testing::Test {
     }
     Workspace& ws() { return *t.ws; }
     // A container as the menu makes it, at (left, top), 3000 by 3000.
-    int NewContainerAt(float left, float top) {
-        ws().DropX = left;
-        ws().DropY = top;
-        mnuNew_Click(ws());
-        const int n = ws().ContainerCount - 1;
-        RenameFinished(ws(), n, false);
-        return n;
-    }
+    int NewContainerAt(float left, float top) { return t.newContainerAt(left, top); }
     void ExpectTitleAtTop(int i) {
         // (The rename field takes its own place when renaming starts.)
         for (ElementFamily* f :

@@ -29,14 +29,7 @@ class Shrinking : public ::testing::Test {
         t.platform.sounds.clear();
     }
     Workspace& ws() { return *t.ws; }
-    int NewContainerAt(float left, float top) {
-        ws().DropX = left;
-        ws().DropY = top;
-        mnuNew_Click(ws());
-        const int n = ws().ContainerCount - 1;
-        RenameFinished(ws(), n, false);
-        return n;
-    }
+    int NewContainerAt(float left, float top) { return t.newContainerAt(left, top); }
     void ExpectTile(int i) {
         EXPECT_EQ(ws().Group(i).Width.get(), 700.0f);
         EXPECT_EQ(ws().Group(i).Height.get(), 950.0f);

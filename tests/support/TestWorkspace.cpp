@@ -2,6 +2,7 @@
 
 #include "app/MainWindow.h"
 #include "app/WorkspaceFile.h"
+#include "containers/Containers.h"
 
 #include <QFile>
 
@@ -23,6 +24,15 @@ void TestWorkspace::restart() {
 }
 
 void TestWorkspace::exit() { UnloadMainWindow(*ws); }
+
+int TestWorkspace::newContainerAt(float left, float top) {
+    ws->DropX = left;
+    ws->DropY = top;
+    mnuNew_Click(*ws);
+    const int n = ws->ContainerCount - 1;
+    RenameFinished(*ws, n, false);
+    return n;
+}
 
 void TestWorkspace::writeData(const QString& name, const QByteArray& bytes) const {
     const QString path = dataFile(name);

@@ -22,6 +22,9 @@ public:
     void restart();
     // Ends as the unload does.
     void exit();
+    // A container made as the menu makes it, at (left, top), its rename field closed with Enter.
+    // Returns its index.
+    int newContainerAt(float left, float top);
 
     QString dataPath() const { return QDir(dataHome_.path()).filePath(QStringLiteral("Perchdock")); }
     QString dataFile(const QString& name) const { return QDir(dataPath()).filePath(name); }
