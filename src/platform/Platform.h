@@ -4,12 +4,15 @@
 // channel. `platform/qt` implements it for the Linux desktop; the tests use a fake that records each call
 // and answers from a script.
 
+#include <QByteArray>
 #include <QPoint>
 #include <QSize>
 #include <QString>
 #include <QStringList>
 
 #include <functional>
+#include <utility>
+#include <vector>
 
 namespace pd {
 
@@ -40,6 +43,26 @@ inline constexpr int Cancel = 2;
 inline constexpr int Yes = 6;
 inline constexpr int No = 7;
 } // namespace MsgAnswer
+
+// One HTTP GET: the address, an optional proxy, the request headers and the limits of the exchange.
+struct HttpRequest {
+    QString url;
+    // "host:port" of an HTTP proxy; empty for a direct connection.
+    QString proxy;
+    std::vector<std::pair<QByteArray, QByteArray>> headers;
+    // The whole exchange, redirects and body included, must end within this time or it fails.
+    int timeoutMs = 15000;
+    // A body longer than this is cut off and the exchange fails, so that no answer can fill the memory.
+    qint64 maxBodyBytes = 8 * 1024 * 1024;
+};
+
+// What came back: the final status after redirects (0 when no answer came: refused, unreachable, timed
+// out, cut off at the size limit), the body and the Content-Type header.
+struct HttpReply {
+    int status = 0;
+    QByteArray body;
+    QByteArray contentType;
+};
 
 class Platform {
 public:
@@ -101,6 +124,13 @@ public:
     virtual bool askRunningInstanceToToggle() = 0;
     // What runs when a later start asks this instance to toggle its window.
     std::function<void()> onToggleRequest;
+
+    // --- network ---
+    // Starts a GET and returns at once; `done` runs later on this thread with the reply (a fake may run it
+    // at once). Only http and https addresses are fetched.
+    virtual void httpGet(const HttpRequest& request, std::function<void(const HttpReply&)> done) = 0;
+    // False only when the system positively reports that no network is reachable at all.
+    virtual bool isOnline() = 0;
 
     // --- the event loop ---
     // Lets pending events run (the two points in the unload that do so).

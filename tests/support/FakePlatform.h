@@ -9,6 +9,7 @@
 #include <cmath>
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <vector>
 
@@ -100,6 +101,34 @@ public:
         return otherInstance;
     }
     void doEvents() override { ++doEventsCalls; }
+
+    // HTTP from a script: the reply for each address; an address not listed gets status 0, as when no
+    // server answers. Every request is recorded. With `httpDeferred` set, completions wait in
+    // `pendingHttp` until `runPendingHttp()`, so that a test can act while a fetch is under way.
+    std::map<QString, HttpReply> httpReplies;
+    std::vector<HttpRequest> httpRequests;
+    bool httpDeferred = false;
+    std::deque<std::function<void()>> pendingHttp;
+    bool online = true;
+    void httpGet(const HttpRequest& request, std::function<void(const HttpReply&)> done) override {
+        httpRequests.push_back(request);
+        auto it = httpReplies.find(request.url);
+        HttpReply reply = it == httpReplies.end() ? HttpReply{} : it->second;
+        if (httpDeferred) pendingHttp.push_back([reply, done] { done(reply); });
+        else done(reply);
+    }
+    // Runs the waiting completions in the order their requests were made; returns how many ran.
+    int runPendingHttp() {
+        int n = 0;
+        while (!pendingHttp.empty()) {
+            auto f = std::move(pendingHttp.front());
+            pendingHttp.pop_front();
+            f();
+            ++n;
+        }
+        return n;
+    }
+    bool isOnline() override { return online; }
 };
 
 } // namespace pd::test

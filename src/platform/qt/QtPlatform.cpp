@@ -1,6 +1,7 @@
 #include "platform/qt/QtPlatform.h"
 
 #include "app/elements/Element.h"
+#include "platform/qt/HttpClient.h"
 #include "platform/qt/ProgramIcon.h"
 
 #include <QApplication>
@@ -209,5 +210,15 @@ bool QtPlatform::askRunningInstanceToToggle() {
 }
 
 void QtPlatform::doEvents() { QCoreApplication::processEvents(); }
+
+void QtPlatform::httpGet(const HttpRequest& request, std::function<void(const HttpReply&)> done) {
+    if (!http_) http_ = std::make_unique<HttpClient>();
+    http_->get(request, std::move(done));
+}
+
+bool QtPlatform::isOnline() {
+    if (!http_) http_ = std::make_unique<HttpClient>();
+    return http_->isOnline();
+}
 
 } // namespace pd

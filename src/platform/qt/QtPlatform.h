@@ -18,6 +18,8 @@ class QSoundEffect;
 
 namespace pd {
 
+class HttpClient;
+
 class QtPlatform : public Platform {
 public:
     QtPlatform();
@@ -45,6 +47,10 @@ public:
     bool claimSingleInstance() override;
     bool askRunningInstanceToToggle() override;
     void doEvents() override;
+    // Feeds over HTTP (platform/qt/HttpClient): at most 15 s for a whole exchange and 8 MB of body
+    // unless the request says otherwise.
+    void httpGet(const HttpRequest& request, std::function<void(const HttpReply&)> done) override;
+    bool isOnline() override;
 
     // The tray icon's menu and what a click on the icon does; set by the view.
     void setTrayMenu(QMenu* menu);
@@ -61,6 +67,7 @@ private:
     // One effect per sound file, made at its first use.
     std::map<QString, std::unique_ptr<QSoundEffect>> sounds_;
     QMenu* trayMenu_ = nullptr;
+    std::unique_ptr<HttpClient> http_;
 };
 
 } // namespace pd
