@@ -1,43 +1,42 @@
-// Reading the targets of link files: the INI form of internet shortcuts (.url) and desktop entries
-// (.desktop). Windows shell links (.lnk) are not read yet and give no target.
+// Reading the targets of link files: Windows shell links (.lnk), the INI form of Internet shortcuts (.url)
+// and desktop entries (.desktop). The readers themselves work on bytes (ShellLink.h); this file reads the
+// file and chooses the reader by the file's extension.
 
-#include "app/files/TextFile.h"
+#include "shortcuts/ShellLink.h"
 #include "shortcuts/Shortcuts.h"
 
+#include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 namespace pd {
 
-namespace {
-// The value of `key` in `[section]` of an INI-like file; keys and sections compare without case.
-QString IniValue(const QStringList& lines, const QString& section, const QString& key) {
-    bool inSection = false;
-    for (const QString& raw : lines) {
-        const QString line = raw.trimmed();
-        if (line.startsWith(QLatin1Char('['))) {
-            inSection = line.compare(QLatin1Char('[') + section + QLatin1Char(']'), Qt::CaseInsensitive) == 0;
-            continue;
-        }
-        if (!inSection) continue;
-        const qsizetype eq = line.indexOf(QLatin1Char('='));
-        if (eq > 0 && line.left(eq).trimmed().compare(key, Qt::CaseInsensitive) == 0) return line.mid(eq + 1).trimmed();
-    }
-    return {};
-}
-} // namespace
-
 QString ResolveLinkTarget(const QString& Path) {
     const QFileInfo info(Path);
     // Link files are small; anything large is not one.
-    if (!info.isFile() || info.size() > 1024 * 1024) return {};
-    const auto lines = ReadTextLines(Path);
-    if (!lines) return {};
+    constexpr qint64 kMaxLinkFileSize = 1024 * 1024;
+    if (!info.isFile() || info.size() > kMaxLinkFileSize) return {};
+    QFile file(Path);
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    const QByteArray bytes = file.read(kMaxLinkFileSize + 1);
+    if (bytes.size() > kMaxLinkFileSize) return {};
+
     const QString ext = info.suffix().toLower();
-    if (ext == QLatin1String("url")) return IniValue(*lines, QStringLiteral("InternetShortcut"), QStringLiteral("URL"));
-    if (ext == QLatin1String("desktop")) {
-        const QString group = QStringLiteral("Desktop Entry");
-        if (IniValue(*lines, group, QStringLiteral("Type")) == QLatin1String("Link"))
-            return IniValue(*lines, group, QStringLiteral("URL"));
+    if (ext == QLatin1String("url")) return InternetShortcutTarget(bytes);
+    if (ext == QLatin1String("desktop")) return DesktopEntryTarget(bytes);
+    if (ext == QLatin1String("lnk")) {
+        const auto link = ShellLink::Parse(bytes);
+        if (!link) return {};
+        ShellLink::TargetSource source = ShellLink::TargetSource::None;
+        const QString target = link->Target(&source);
+        // A relative path counts from the folder of the link file, which is a folder of this machine.
+        if (source == ShellLink::TargetSource::RelativePath) {
+            QString relative = target;
+            relative.replace(QLatin1Char('\\'), QLatin1Char('/'));
+            if (relative.startsWith(QLatin1Char('/'))) return {};
+            return QDir::cleanPath(info.absoluteDir().filePath(relative));
+        }
+        return target;
     }
     return {};
 }
