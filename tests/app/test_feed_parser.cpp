@@ -389,6 +389,15 @@ TEST(FeedXml, IllFormedDocumentsAreRefused) {
         "<?xml-stylesheet href=\"s.xsl\"?><a/>",
     };
     for (const char* text : good) EXPECT_TRUE(LoadFeedXml(S(text), doc)) << text;
+    // A bare ampersand or a control character is found wherever it stands among the bytes, also at
+    // the edges of the eight-byte steps of the scan.
+    for (int at = 0; at < 24; ++at) {
+        for (const char* intruder : {"&", "\x02", "\x1f"}) {
+            QString text = S("<a>") + QString(at, QLatin1Char('x')) + S(intruder) + QString(24 - at, QLatin1Char('y')) + S("</a>");
+            EXPECT_FALSE(LoadFeedXml(text, doc)) << at << " " << int(intruder[0]);
+        }
+        EXPECT_TRUE(LoadFeedXml(S("<a>") + QString(at, QLatin1Char('x')) + S("\t\n&amp;</a>"), doc)) << at;
+    }
     ASSERT_TRUE(LoadFeedXml(S("<a>&#65;&#x42;&lt;</a>"), doc));
     EXPECT_EQ(NodeText(doc.document_element()), S("AB<"));
 }
