@@ -15,6 +15,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include <array>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -28,13 +29,18 @@ void Fail(const char* what, const QString& text) {
     std::abort();
 }
 
+// Every letter of the tables, gathered once.
 bool IsTableLetter(QChar c) {
-    for (int t = 0; t < pd::kVniTableCount; ++t) {
-        const auto table = static_cast<pd::VniTable>(t);
-        for (int k = 0; k < pd::VniTableSize(table); ++k)
-            if (pd::TableChar(table, k).at(0) == c) return true;
-    }
-    return false;
+    static const QString letters = [] {
+        QString all;
+        for (int t = 0; t < pd::kVniTableCount; ++t) {
+            const auto table = static_cast<pd::VniTable>(t);
+            for (int k = 0; k < pd::VniTableSize(table); ++k)
+                all += pd::TableChar(table, k);
+        }
+        return all;
+    }();
+    return letters.contains(c);
 }
 
 void Check(const QString& text) {
@@ -64,8 +70,14 @@ void Check(const QString& text) {
         const int d = pd::DigitValue(c);
         if (d < 0 || d > 9) Fail("digit value out of range", text);
         for (int digit = 0; digit <= 10; ++digit) {
+            static const auto sizes = [] {
+                std::array<qsizetype, 11> n{};
+                for (int k = 0; k <= 10; ++k)
+                    n[static_cast<size_t>(k)] = pd::VniAcceptedLetters(k).size();
+                return n;
+            }();
             const int q = pd::FindMarkedLetter(digit, c);
-            if (q < 0 || q > pd::VniAcceptedLetters(digit).size()) Fail("marked letter position", text);
+            if (q < 0 || q > sizes[static_cast<size_t>(digit)]) Fail("marked letter position", text);
         }
     }
 }

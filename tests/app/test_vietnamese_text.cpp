@@ -309,3 +309,17 @@ TEST(VietnameseMarks, RoundTripOfConvertedText) {
     EXPECT_EQ(RemoveVietnameseMarks(VNIToUnicode(QStringLiteral("Nha4n Tie61ng Vie65t"))),
               QStringLiteral("Nhan Tieng Viet"));
 }
+
+// Raw UTF-16 units, as the fuzz target also reads its input: a lone surrogate is kept as it is and
+// does not stop the marks after it.
+TEST(VietnameseConversion, LoneSurrogatesPassThrough) {
+    QString text;
+    text.append(QChar(u'a')).append(QChar(u'1')).append(QChar(char16_t(0xD800))).append(QStringLiteral("e6"));
+    QString expected;
+    expected.append(QChar(char16_t(0x00E1))).append(QChar(char16_t(0xD800))).append(QChar(char16_t(0x00EA)));
+    EXPECT_EQ(VNIToUnicode(text), expected);
+    EXPECT_EQ(RemoveVietnameseMarks(expected), QString(QChar(u'a')) + QChar(char16_t(0xD800)) + QChar(u'e'));
+    // A digit right after a lone surrogate stays.
+    EXPECT_EQ(VNIToUnicode(QString(QChar(u'x')) + QChar(char16_t(0xDC00)) + QChar(u'1')),
+              QString(QChar(u'x')) + QChar(char16_t(0xDC00)) + QChar(u'1'));
+}
