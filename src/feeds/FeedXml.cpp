@@ -1,5 +1,7 @@
 #include "feeds/FeedXml.h"
 
+#include <QStringEncoder>
+
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -35,11 +37,17 @@ bool IsXmlChar(unsigned long c) {
 // Whether the reference that starts with the "&" at `at` is one of the five predefined entities or a
 // character reference to a character XML allows.
 bool ValidReference(std::string_view s, size_t at) {
-    static constexpr std::string_view named[] = {"lt;", "gt;", "amp;", "apos;", "quot;"};
-    for (std::string_view n : named)
-        if (StartsWith(s, at + 1, n)) return true;
     size_t i = at + 1;
-    if (i >= s.size() || s[i] != '#') return false;
+    if (i >= s.size()) return false;
+    // Picked by the first letter: a reference stands at almost every quote and bracket of escaped markup.
+    switch (s[i]) {
+    case 'l': return StartsWith(s, i, "lt;");
+    case 'g': return StartsWith(s, i, "gt;");
+    case 'a': return StartsWith(s, i, "amp;") || StartsWith(s, i, "apos;");
+    case 'q': return StartsWith(s, i, "quot;");
+    case '#': break;
+    default: return false;
+    }
     ++i;
     const bool hex = i < s.size() && s[i] == 'x';
     if (hex) ++i;
@@ -100,6 +108,8 @@ bool CheckMarkup(std::string_view s) {
             ++i;
         } else if (c != '<') {
             return false;
+        } else if (i + 1 < n && s[i + 1] != '!' && s[i + 1] != '?') {
+            ++i; // a start or end tag, by far the most common
         } else if (StartsWith(s, i, "<!--")) {
             const size_t end = s.find("-->", i + 4);
             if (end == std::string_view::npos) return false;
@@ -131,11 +141,21 @@ struct StringWriter : pugi::xml_writer {
 
 } // namespace
 
-bool LoadFeedXml(std::string_view utf8, pugi::xml_document& doc) {
+namespace {
+// Loads `size` bytes at `data`, which the document takes over (allocated with pugixml's allocator), or
+// copies when `data` is not to be taken.
+bool Load(char* data, size_t size, bool take, pugi::xml_document& doc) {
     doc.reset();
-    if (StartsWith(utf8, 0, "\xEF\xBB\xBF")) utf8.remove_prefix(3);
-    if (!CheckMarkup(utf8)) return false;
-    const pugi::xml_parse_result result = doc.load_buffer(utf8.data(), utf8.size(), kParseOptions, pugi::encoding_utf8);
+    std::string_view utf8(data, size);
+    const size_t skip = StartsWith(utf8, 0, "\xEF\xBB\xBF") ? 3 : 0;
+    utf8.remove_prefix(skip);
+    if (!CheckMarkup(utf8)) {
+        if (take) pugi::get_memory_deallocation_function()(data);
+        return false;
+    }
+    const pugi::xml_parse_result result =
+        take ? doc.load_buffer_inplace_own(data, size, kParseOptions, pugi::encoding_utf8)
+             : doc.load_buffer(utf8.data(), utf8.size(), kParseOptions, pugi::encoding_utf8);
     if (!result) {
         doc.reset();
         return false;
@@ -151,9 +171,20 @@ bool LoadFeedXml(std::string_view utf8, pugi::xml_document& doc) {
     return true;
 }
 
+} // namespace
+
+bool LoadFeedXml(std::string_view utf8, pugi::xml_document& doc) {
+    return Load(const_cast<char*>(utf8.data()), utf8.size(), false, doc);
+}
+
 bool LoadFeedXml(const QString& text, pugi::xml_document& doc) {
-    const QByteArray utf8 = text.toUtf8();
-    return LoadFeedXml(std::string_view(utf8.constData(), static_cast<size_t>(utf8.size())), doc);
+    // Encoded straight into a buffer the document then owns, which saves a copy of a large feed.
+    QStringEncoder encoder(QStringConverter::Utf8);
+    const size_t room = static_cast<size_t>(encoder.requiredSpace(text.size())) + 1;
+    char* buffer = static_cast<char*>(pugi::get_memory_allocation_function()(room));
+    if (!buffer) return false;
+    char* end = encoder.appendToBuffer(buffer, text);
+    return Load(buffer, static_cast<size_t>(end - buffer), true, doc);
 }
 
 QString NodeText(pugi::xml_node node) {
