@@ -34,7 +34,12 @@ QString ResolveLinkTarget(const QString& Path) {
             QString relative = target;
             relative.replace(QLatin1Char('\\'), QLatin1Char('/'));
             if (relative.startsWith(QLatin1Char('/'))) return {};
-            return QDir::cleanPath(info.absoluteDir().filePath(relative));
+            // As on Windows, climbing above the root stays at the root.
+            QString path = QDir::cleanPath(info.absoluteDir().filePath(relative));
+            while (path.startsWith(QLatin1String("/../")))
+                path.remove(0, 3);
+            if (path == QLatin1String("/..")) path = QStringLiteral("/");
+            return path;
         }
         return target;
     }

@@ -672,6 +672,15 @@ TEST(ShellLink, ResolvingAFileResolvesARelativeTargetFromTheLinksFolder) {
     s.relativePath = QStringLiteral("..\\docs\\a b.txt");
     EXPECT_EQ(ResolveLinkTarget(write(QStringLiteral("links/rel.lnk"), s.Bytes())),
               QDir(dir.path()).filePath(QStringLiteral("docs/a b.txt")));
+    // Climbing above the root stays at the root.
+    LinkSpec deep;
+    deep.relativePath = QStringLiteral(
+        "..\\..\\..\\..\\..\\..\\..\\..\\..\\..\\..\\..\\..\\..\\..\\..\\..\\..\\..\\..\\x\\y.txt");
+    EXPECT_EQ(ResolveLinkTarget(write(QStringLiteral("links/deep.lnk"), deep.Bytes())),
+              QStringLiteral("/x/y.txt"));
+    deep.relativePath =
+        QStringLiteral("..\\..\\..\\..\\..\\..\\..\\..\\..\\..\\..\\..\\..\\..\\..\\..\\..\\..\\..\\..");
+    EXPECT_EQ(ResolveLinkTarget(write(QStringLiteral("links/root.lnk"), deep.Bytes())), QStringLiteral("/"));
     LinkInfoSpec li;
     li.base = "C:\\x\\y.txt";
     s.linkInfo = MakeLinkInfo(li);
