@@ -14,6 +14,7 @@ void MainWindowLoad(Workspace& ws) {
     ws.Links.assign(2, LinkRecord{});
     ws.DeskObjects.assign(2, DeskObjectRecord{});
     ws.IsLoading = true;
+    WireGestureTimers(ws);
     Element& win = ws.frmMain(0);
     win.Height = 5265;
     win.Width = 10065;

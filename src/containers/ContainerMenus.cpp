@@ -17,7 +17,14 @@ void WireContainerCommands(Workspace& ws) {
     ws.menus["mnuClearWorkSpace"].onClick = [w] { mnuClearWorkSpace_Click(*w); };
     ws.menus["mnuDeleteContainer"].onClick = [w] { mnuDeleteContainer_Click(*w); };
     ws.menus["mnuCaptureContainers"].onClick = [w] { mnuCaptureContainers_Click(*w); };
-    // The hold-offs of mouse gestures: each clears its flag once and stops.
+    ws.menus["mnuLinkEdit"].onClick = [w] {
+        if (w->menus["mnuLinkEdit"].Caption() == QLatin1String("Rename")) StartRename(*w, w->SelectedContainer);
+    };
+}
+
+void WireGestureTimers(Workspace& ws) {
+    Workspace* w = &ws;
+    // Each hold-off clears its flag once and stops.
     ws.TimerDontShrink.onTimer = [w] {
         w->DontShrink = false;
         w->TimerDontShrink.setEnabled(false);
@@ -31,9 +38,9 @@ void WireContainerCommands(Workspace& ws) {
         w->TimerSuspendAutoExpand.setEnabled(false);
     };
     ws.TimerDisableMouseMove.onTimer = [w] { w->TimerDisableMouseMove.setEnabled(false); };
-    ws.TimerDblClickLabelDelay.onTimer = [w] { w->TimerDblClickLabelDelay.setEnabled(false); };
-    ws.menus["mnuLinkEdit"].onClick = [w] {
-        if (w->menus["mnuLinkEdit"].Caption() == QLatin1String("Rename")) StartRename(*w, w->SelectedContainer);
+    ws.TimerDblClickLabelDelay.onTimer = [w] {
+        w->DblClickLabelDelay = false;
+        w->TimerDblClickLabelDelay.setEnabled(false);
     };
 }
 

@@ -101,6 +101,9 @@ void lblName_DblClick(Workspace& ws, int i) {
     if (ws.chkFold(i).Visible) FoldContainer(ws, i);
     else UnfoldContainer(ws, i);
     ws.OpenContainer = static_cast<int16_t>(i);
+    ws.DblClickLabelDelay = true;
+    ws.TimerDblClickLabelDelay.setEnabled(false);
+    ws.TimerDblClickLabelDelay.setEnabled(true);
 }
 
 void FoldOpenContainer(Workspace& ws, int i) {

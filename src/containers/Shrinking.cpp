@@ -139,13 +139,7 @@ void DragOverTile(Workspace& ws, int i) {
     ws.ExpandedContainer = i;
     ToggleShrink(ws, i);
     // The tick lets the tile shrink again once the drag has settled.
-    Timer& hold = ws.TimerDontShrink;
-    if (!hold.onTimer)
-        hold.onTimer = [&ws] {
-            ws.DontShrink = false;
-            ws.TimerDontShrink.setEnabled(false);
-        };
-    hold.setEnabled(true);
+    ws.TimerDontShrink.setEnabled(true);
 }
 
 void KeepInsideParent(Workspace& ws, Element& e) {

@@ -6,6 +6,7 @@
 #include "containers/Containers.h"
 #include "containers/Folding.h"
 #include "containers/Shrinking.h"
+#include "containers/TitleMouse.h"
 #include "desk/Notes.h"
 #include "view/ElementWidget.h"
 #include "view/MainView.h"
@@ -36,6 +37,18 @@ int Button(const QMouseEvent& ev) {
     case Qt::MiddleButton: return 4;
     default: return 0;
     }
+}
+
+// The key states as the handlers take them: 1 Shift, 2 Ctrl, 4 Alt.
+int Shift(const QMouseEvent& ev) {
+    const Qt::KeyboardModifiers m = ev.modifiers();
+    return (m & Qt::ShiftModifier ? 1 : 0) | (m & Qt::ControlModifier ? 2 : 0) | (m & Qt::AltModifier ? 4 : 0);
+}
+
+// Where the pointer is in the element, in twips.
+QPointF ToTwips(Workspace& ws, const QMouseEvent& ev) {
+    const QPointF p = ev.position();
+    return {p.x() * ws.platform.twipsPerPixelX(), p.y() * ws.platform.twipsPerPixelY()};
 }
 
 // A press handled by the core with its button, then a save of the recovery file.
@@ -116,13 +129,14 @@ void WireElementInput(InputContext& ctx, ElementWidget& w) {
             ShrinkIcon_DblClick(ws);
         };
         w.onPress = [&ctx, i](ElementWidget&, QMouseEvent& ev) {
-            ctx.ws.SelectedContainer = static_cast<int16_t>(i);
-            ctx.ws.Group(i).ZOrder(0);
+            const QPointF at = ToTwips(ctx.ws, ev);
+            ShrinkIcon_MouseDown(ctx.ws, Button(ev), Shift(ev), i, static_cast<float>(at.x()), static_cast<float>(at.y()));
             if (ev.button() == Qt::RightButton) {
                 const QString menu = QString::fromLatin1(TitleContextMenu(ctx.ws, i));
                 if (!menu.isEmpty()) Popup(ctx, menu, ev);
             }
         };
+        w.onRelease = [&ws, i](ElementWidget&, QMouseEvent& ev) { lblName_MouseUp(ws, Button(ev), Shift(ev), i); };
     } else if (name == QLatin1String("picPinNote")) {
         w.onPress = OnLeftPress(ws, ShowNote);
     } else if (name == QLatin1String("picPin")) {
@@ -138,8 +152,12 @@ void WireElementInput(InputContext& ctx, ElementWidget& w) {
             if (ev.button() == Qt::RightButton) {
                 const QString menu = QString::fromLatin1(TitleContextMenu(ctx.ws, i));
                 if (!menu.isEmpty()) Popup(ctx, menu, ev);
+                return;
             }
+            const QPointF at = ToTwips(ctx.ws, ev);
+            lblName_MouseDown(ctx.ws, Button(ev), Shift(ev), i, static_cast<float>(at.x()), static_cast<float>(at.y()));
         };
+        w.onRelease = [&ws, i](ElementWidget&, QMouseEvent& ev) { lblName_MouseUp(ws, Button(ev), Shift(ev), i); };
     } else if (name == QLatin1String("groupName")) {
         w.onTextEdited = [&ws, i](ElementWidget&) { RenameTextChanged(ws, i); };
         w.onReturn = [&ws, i](ElementWidget&) { RenameFinished(ws, i, false); };

@@ -5,6 +5,7 @@
 #include "containers/Containers.h"
 #include "containers/Folding.h"
 #include "containers/Shrinking.h"
+#include "containers/TitleMouse.h"
 #include "desk/Notes.h"
 #include "support/TestWorkspace.h"
 
@@ -252,6 +253,73 @@ TEST_F(Folding, ADoubleClickOnTheTitleTogglesAndMakesTheContainerTheOpenOne) {
     lblName_DblClick(ws(), a);
     EXPECT_TRUE(IsFolded(ws(), a));
     EXPECT_EQ(ws().OpenContainer, a);
+}
+
+TEST_F(Folding, ADoubleClickOnTheTitleHoldsOffDraggingFor100Milliseconds) {
+    const int n = NewContainerAt(600, 200);
+    ws().menus["mnuAutoFold"].setChecked(false);
+    lblName_DblClick(ws(), n);
+    EXPECT_TRUE(ws().DblClickLabelDelay);
+    EXPECT_TRUE(ws().TimerDblClickLabelDelay.Enabled());
+    t.clock.advance(99);
+    EXPECT_TRUE(ws().DblClickLabelDelay);
+    t.clock.advance(1);
+    EXPECT_FALSE(ws().DblClickLabelDelay);
+    EXPECT_FALSE(ws().TimerDblClickLabelDelay.Enabled());
+}
+
+TEST_F(Folding, APressOnTheTitleRecordsTheGestureAndPlaysItsSounds) {
+    const int a = NewContainerAt(600, 200);
+    const int b = NewContainerAt(4000, 1200);
+    ws().SelectedContainer = static_cast<int16_t>(a);
+    t.platform.sounds.clear();
+    lblName_MouseDown(ws(), kLeftButton, 0, b, 120.4f, 60.6f);
+    EXPECT_EQ(ws().SelectedContainer, b);
+    // The container's place becomes the drop position of the next new container.
+    EXPECT_EQ(ws().DropX, 4000.0f);
+    EXPECT_EQ(ws().DropY, 1200.0f);
+    EXPECT_EQ(ws().PressX, 120.0f);
+    EXPECT_EQ(ws().PressY, 61.0f);
+    EXPECT_TRUE(ws().Group(b).isFrontmost());
+    EXPECT_TRUE(ws().HoldExpanded);
+    EXPECT_TRUE(ws().TimerSuspendShrink.Enabled());
+    lblName_MouseUp(ws(), kLeftButton, 0, b);
+    ASSERT_EQ(t.platform.sounds.size(), 2u);
+    EXPECT_EQ(t.platform.sounds[0], Sound("container_mousedown.wav"));
+    EXPECT_EQ(t.platform.sounds[1], Sound("container_mouseup.wav"));
+    // Two seconds later hovering may shrink tiles again.
+    t.clock.advance(2000);
+    EXPECT_FALSE(ws().HoldExpanded);
+
+    // The right button opens the menu instead: nothing recorded, no sound.
+    t.platform.sounds.clear();
+    lblName_MouseDown(ws(), kRightButton, 0, a, 10, 10);
+    lblName_MouseUp(ws(), kRightButton, 0, a);
+    EXPECT_TRUE(t.platform.sounds.empty());
+    EXPECT_EQ(ws().DropX, 4000.0f);
+    // The middle button presses without the release sound.
+    lblName_MouseDown(ws(), kMiddleButton, 0, a, 10, 10);
+    lblName_MouseUp(ws(), kMiddleButton, 0, a);
+    ASSERT_EQ(t.platform.sounds.size(), 1u);
+    EXPECT_EQ(t.platform.sounds[0], Sound("container_mousedown.wav"));
+}
+
+TEST_F(Folding, ACtrlClickInPlaceOnTheTitleFlipsTheSelection) {
+    const int n = NewContainerAt(600, 200);
+    lblName_MouseDown(ws(), kLeftButton, kCtrlMask, n, 10, 10);
+    lblName_MouseUp(ws(), kLeftButton, kCtrlMask, n);
+    EXPECT_TRUE(ws().lblName(n).FontBold.get());
+    lblName_MouseDown(ws(), kLeftButton, kCtrlMask, n, 10, 10);
+    lblName_MouseUp(ws(), kLeftButton, kCtrlMask, n);
+    EXPECT_FALSE(ws().lblName(n).FontBold.get());
+    // Without Ctrl, or once the container has moved, a click leaves the selection alone.
+    lblName_MouseDown(ws(), kLeftButton, 0, n, 10, 10);
+    lblName_MouseUp(ws(), kLeftButton, 0, n);
+    EXPECT_FALSE(ws().lblName(n).FontBold.get());
+    lblName_MouseDown(ws(), kLeftButton, kCtrlMask, n, 10, 10);
+    ws().Group(n).Left = 700;
+    lblName_MouseUp(ws(), kLeftButton, kCtrlMask, n);
+    EXPECT_FALSE(ws().lblName(n).FontBold.get());
 }
 
 TEST_F(Folding, FoldOnClickFoldsTheOpenContainerWhenTheUserTurnsElsewhere) {

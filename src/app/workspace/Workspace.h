@@ -183,6 +183,12 @@ public:
     bool AutoExpandSuspended = false;
     // The cursor of the key that steps through containers.
     int16_t StepCursor = 0;
+    // Where the pointer went down on a title, in the title's own twips (rounded).
+    float PressX = 0;
+    float PressY = 0;
+    // Set by a double click on a title for TimerDblClickLabelDelay's 100 ms: the presses of a double
+    // click are not the start of a drag.
+    bool DblClickLabelDelay = false;
 
     // --- timers ---
     Timer TimerHide{clock, QStringLiteral("TimerHide"), 1000};
