@@ -6,6 +6,7 @@
 #include "app/workspace/Workspace.h"
 #include "desk/Pictures.h"
 #include "desk/Reminders.h"
+#include "shortcuts/LinkLayout.h"
 #include "shortcuts/Shortcuts.h"
 
 namespace pd {

@@ -76,6 +76,17 @@ public:
     // "*.*"). Returns the chosen path, or empty when the user cancelled.
     virtual QString chooseOpenFile(const QString& title, const QString& filterName, const QString& pattern) = 0;
 
+    // Asks for a folder, with `prompt` above the folder tree. Returns the chosen folder, or empty when
+    // the user cancelled.
+    virtual QString chooseFolder(const QString& prompt) = 0;
+
+    // A one-line input prompt: returns the text typed, or a null string when the user cancelled.
+    virtual QString inputText(const QString& prompt, const QString& title, const QString& preset) = 0;
+
+    // The modal "Add URL" dialog: `onAdd` runs with each address the user adds (the dialog may stay
+    // open for more when "Keep Open" is checked). Returns when the dialog has closed.
+    virtual void addUrlDialog(const std::function<void(const QString&)>& onAdd) = 0;
+
     // --- the screen and the pointer ---
     // Twips per pixel: 1440 / the screen's logical DPI (15 at 96 DPI).
     virtual float twipsPerPixelX() const = 0;
@@ -105,6 +116,14 @@ public:
     virtual bool openUrl(const QString& target) = 0;
     // Starts a program detached with its arguments. Returns true when it started.
     virtual bool startDetached(const QString& program, const QStringList& args) = 0;
+
+    // Starts `file` as the desktop would start it, with `params` (a command-line text) and the working
+    // folder `dir` (empty: the program's own). Never waits for the started program. Returns 42 when the
+    // start succeeded, else a small error number: 2 file not found, 3 path not found, 5 access denied,
+    // 8 out of memory, 11 invalid executable, 31 no application for the type.
+    virtual int shellExecute(const QString& file, const QString& params, const QString& dir) = 0;
+    // Moves a file or folder to the desktop's trash. Returns 0 on success, else an error number (errno).
+    virtual int moveToTrash(const QString& path) = 0;
 
     // --- sounds ---
     // Starts a sound file and returns at once; a missing file plays nothing.

@@ -32,6 +32,10 @@ void MenuView::build(MenuEntry& m, QMenu* parent) {
         sep->setObjectName(m.objectName());
         actions_[&m] = sep;
         return;
+    } else if (auto shared = actions_.find(&m); shared != actions_.end() && shared->second) {
+        // An entry shown in a second menu: the same action.
+        parent->addAction(shared->second);
+        return;
     } else {
         QAction* a = parent->addAction(QString());
         a->setObjectName(m.objectName());

@@ -61,6 +61,37 @@ public:
         fileAnswers.pop_front();
         return a;
     }
+    // Answers for the coming folder prompts and input prompts, in order; when none is left the prompt
+    // is cancelled (an input prompt then gives a null string).
+    std::deque<QString> folderAnswers;
+    std::vector<QString> folderPrompts;
+    QString chooseFolder(const QString& prompt) override {
+        folderPrompts.push_back(prompt);
+        if (folderAnswers.empty()) return {};
+        const QString a = folderAnswers.front();
+        folderAnswers.pop_front();
+        return a;
+    }
+    std::deque<QString> inputAnswers;
+    std::vector<QString> inputPrompts;
+    QString inputText(const QString& prompt, const QString& title, const QString& preset) override {
+        inputPrompts.push_back(prompt + QLatin1Char('|') + title + QLatin1Char('|') + preset);
+        if (inputAnswers.empty()) return {};
+        const QString a = inputAnswers.front();
+        inputAnswers.pop_front();
+        return a;
+    }
+    // The addresses typed into the next "Add URL" dialogs: one list a dialog, each address one press of
+    // Add. A dialog without a list is closed at once.
+    std::deque<std::vector<QString>> urlDialogAnswers;
+    int urlDialogs = 0;
+    void addUrlDialog(const std::function<void(const QString&)>& onAdd) override {
+        ++urlDialogs;
+        if (urlDialogAnswers.empty()) return;
+        const std::vector<QString> list = urlDialogAnswers.front();
+        urlDialogAnswers.pop_front();
+        for (const QString& a : list) onAdd(a);
+    }
     float twipsPerPixelX() const override { return 15; }
     float twipsPerPixelY() const override { return 15; }
     float screenWidth() const override { return screenW; }
@@ -88,6 +119,27 @@ public:
     bool startDetached(const QString& program, const QStringList& args) override {
         started.emplace_back(program, args);
         return !startFails;
+    }
+    // Every start: file, parameters and working folder. `launchResults` gives the result of the coming
+    // starts, in order; when none is left a start succeeds (42).
+    struct Launch {
+        QString file, params, dir;
+    };
+    std::vector<Launch> launches;
+    std::deque<int> launchResults;
+    int shellExecute(const QString& file, const QString& params, const QString& dir) override {
+        launches.push_back({file, params, dir});
+        if (launchResults.empty()) return 42;
+        const int r = launchResults.front();
+        launchResults.pop_front();
+        return r;
+    }
+    // Paths sent to the trash; `trashResult` is what each move returns.
+    std::vector<QString> trashed;
+    int trashResult = 0;
+    int moveToTrash(const QString& path) override {
+        trashed.push_back(path);
+        return trashResult;
     }
     std::vector<QString> sounds;
     void playSound(const QString& path) override { sounds.push_back(path); }

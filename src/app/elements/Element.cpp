@@ -61,6 +61,8 @@ void Element::copyDesignFrom(const Element& o) {
     BackStyle = o.BackStyle.get();
     AutoSize = o.AutoSize.get();
     CornerRadius = o.CornerRadius.get();
+    MousePointer = o.MousePointer.get();
+    BorderStyle = o.BorderStyle.get();
     Visible = false;
     setContainer(o.Container());
 }

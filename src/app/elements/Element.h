@@ -42,6 +42,8 @@ enum class Prop : uint8_t {
     BackStyle,
     AutoSize,
     CornerRadius,
+    MousePointer,
+    BorderStyle,
     Parent,
     ZOrder,
 };
@@ -126,6 +128,11 @@ public:
     Property<bool> AutoSize{this, Prop::AutoSize};
     // A rounded outline of this radius in pixels; 0 for square corners.
     Property<int> CornerRadius{this, Prop::CornerRadius};
+    // The pointer over the element: 0 the default arrow, 11 the hourglass, 99 the element's own
+    // pointer picture (PicClick, or PicDrag while the left button is down).
+    Property<int> MousePointer{this, Prop::MousePointer, 0};
+    // 1 draws a thin frame around a label (a shortcut's launch mark); 0 none.
+    Property<int> BorderStyle{this, Prop::BorderStyle, 0};
     // For windows: 0 normal, 1 minimised, 2 maximised.
     Property<int> WindowState{this, Prop::WindowState, 0};
 

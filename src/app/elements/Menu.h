@@ -81,6 +81,8 @@ public:
     MenuEntry& add(const QString& name, const QString& caption, const QString& parent = {}, int index = -1);
     MenuEntry& operator[](const QString& name) { return get(name, -1); }
     MenuEntry& operator()(const QString& name, int index) { return get(name, index); }
+    // Shows an existing entry in a second menu as well (the same command, check mark and state).
+    void share(const QString& name, const QString& parent) { get(parent, -1).addChild(&get(name, -1)); }
     bool has(const QString& name, int index = -1) const;
     // Number of loaded members of a menu family (one past the highest index).
     int familyCount(const QString& name) const;

@@ -33,7 +33,14 @@ void DeclareCoreMenus(Menus& menus) {
     menus.add("mnuMain", "Perchdock");
     menus.add("mnuNew", "&Container", "mnuMain").setShortcut("Ctrl+C");
     menus.add("mnuNewNote", "&Note", "mnuMain").setShortcut("Ctrl+N");
+    menus.add("mnuAddLink", "New &Web Shortcut...", "mnuMain").setShortcut("Ctrl+W");
+    menus.add("mnuAddFileLink", "New &File Shortcut...", "mnuMain").setShortcut("Ctrl+F");
+    menus.add("mnuAddFolderLink", "New &Dir Shortcut...", "mnuMain").setShortcut("Ctrl+D");
     menus.add("mnuSepNew", "-", "mnuMain");
+    menus.add("mnuSelectAll", "Select &All", "mnuMain").setShortcut("Ctrl+A");
+    menus.add("mnuUnselectAll", "&Unselect All", "mnuMain").setShortcut("Ctrl+U");
+    menus.add("mnuDeleteSelected", "Delete Selected Shortcuts", "mnuMain").setShortcut("Shift+Del");
+    menus.add("mnuSepSelect", "-", "mnuMain");
     menus.add("mnuFoldAll", "&Fold/Unfold All", "mnuMain").setShortcut("Ctrl+F2");
     menus.add("mnuShrinkAll", "S&hrink/Expand All", "mnuMain").setShortcut("Ctrl+F1");
     menus.add("mnuClearWorkSpace", "Clear Workspace", "mnuMain");
@@ -61,6 +68,20 @@ void DeclareCoreMenus(Menus& menus) {
     MenuEntry& del = menus.add("mnuDeleteContainer", "&Delete", "mnuLink");
     // Shows only while the menu was opened on a container: commands that add objects look at it.
     del.setVisible(false);
+    // On a shortcut the same place holds the shortcut's own delete.
+    menus.add("mnuLinkDelete", "&Delete", "mnuLink").setVisible(false);
+    menus.add("mnuSepLinkLayout", "-", "mnuLink");
+    menus.add("mnuAtoZ", "Sort A to Z...", "mnuLink");
+    menus.add("mnuZtoA", "Sort Z to A...", "mnuLink");
+    menus.add("mnuLargeIcons", "Zoom &In", "mnuLink");
+    menus.add("mnuSmallIcons", "Zoom &Out", "mnuLink");
+    menus.add("mnuSizeLink", "&Set Size", "mnuLink");
+    menus.add("mnuLinkSelect", "&Invert Selection", "mnuLink");
+    menus.add("mnuSepStartAll", "-", "mnuLink");
+    menus.add("mnuStartAll", "&Start All Shortcuts [0]", "mnuLink");
+    menus.add("mnuSepAddToContainer", "-", "mnuLink");
+    // The creation commands work in the container the menu was opened on.
+    for (const char* name : {"mnuAddLink", "mnuAddFileLink", "mnuAddFolderLink"}) menus.share(name, "mnuLink");
 
     // The tray icon's menu.
     menus.add("mnuTray", "Perchdock");

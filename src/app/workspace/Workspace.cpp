@@ -71,6 +71,17 @@ Workspace::Workspace(Platform& p, Clock& c) : platform(p), clock(c) {
     imgPicture(0).Stretch = true;
     picTemp(0).Stretch = true;
 
+    // The shortcut drag guides and the shortcut toolbar are hidden until a drag or a selection.
+    for (ElementFamily* f : {&ShapeMove, &ShapeMovingIcon, &ShapeIconFiller, &LinkLine, &PicLinkToolbar,
+                             &ImgLinkGroup, &FrameLinkGroup}) {
+        (*f)(0).Visible = false;
+        (*f)(0).setContainer(&picBack(0));
+    }
+    for (ElementFamily* f : {&ShapeMove, &ShapeMovingIcon, &ShapeIconFiller, &LinkLine}) (*f)(0).BackStyle = 0;
+    PicLinkColor(0).setContainer(&PicLinkToolbar(0));
+    picMiniToolbar(0).setContainer(&PicLinkToolbar(0));
+    picMiniToolbar(0).Stretch = true;
+
     for (ElementFamily* f : {&VerS, &HorS, &VerSIndic, &HorSIndic}) {
         (*f)(0).Visible = false;
         (*f)(0).setContainer(&picBack(0));
@@ -126,7 +137,9 @@ std::vector<ElementFamily*> Workspace::families() {
             &PicJumpToLink, &PicJumpToLinkTop, &Group,   &grpBorder,        &lblName,
             &groupName,     &chkFold,   &chkUnfold,      &picShrink,        &ShrinkIcon,
             &txtNote,       &picPin,    &picPinNote,     &picCopy1,         &picCopy2,
-            &LstRSS,        &lblRSSLastUpdate, &Link,    &PicIcon,          &picPlaceholder,
+            &LstRSS,        &lblRSSLastUpdate, &Link,    &PicIcon,          &ShapeMove,
+            &ShapeMovingIcon, &ShapeIconFiller, &LinkLine, &PicLinkToolbar, &PicLinkColor,
+            &picMiniToolbar, &ImgLinkGroup, &FrameLinkGroup, &picPlaceholder,
             &picTemp,       &imgPicture, &splash.frmSplash, &splash.lblVersion, &splash.lblLoad,
             &splash.ImgRSS, &splash.Label2, &splash.lblUpdate};
 }

@@ -102,6 +102,20 @@ public:
     // --- families of a shortcut (numbered apart, joined by IconIndex) ---
     ElementFamily Link{"Link", &dispatchPtr_};
     ElementFamily PicIcon{"PicIcon", &dispatchPtr_};
+    // The guides of a shortcut drag: the outline over the dragged icon, the outline that follows the
+    // pointer, the filler over a swap partner's icon and the line that joins the two.
+    ElementFamily ShapeMove{"ShapeMove", &dispatchPtr_, false};
+    ElementFamily ShapeMovingIcon{"ShapeMovingIcon", &dispatchPtr_, false};
+    ElementFamily ShapeIconFiller{"ShapeIconFiller", &dispatchPtr_, false};
+    ElementFamily LinkLine{"LinkLine", &dispatchPtr_, false};
+    // The small toolbar over selected shortcuts: the colour swatch and the six buttons (Zoom In, Zoom
+    // Out, Set Size, Toggle Bold Font, Sort Ascending, Sort Descending).
+    ElementFamily PicLinkToolbar{"PicLinkToolbar", &dispatchPtr_, false};
+    ElementFamily PicLinkColor{"PicLinkColor", &dispatchPtr_, false};
+    ElementFamily picMiniToolbar{"picMiniToolbar", &dispatchPtr_};
+    // The tag marker beside a hovered shortcut and the banner of a running tag filter.
+    ElementFamily ImgLinkGroup{"ImgLinkGroup", &dispatchPtr_, false};
+    ElementFamily FrameLinkGroup{"FrameLinkGroup", &dispatchPtr_, false};
 
     // --- families of a picture or reminder ---
     ElementFamily picPlaceholder{"picPlaceholder", &dispatchPtr_};
@@ -189,6 +203,24 @@ public:
     // Set by a double click on a title for TimerDblClickLabelDelay's 100 ms: the presses of a double
     // click are not the start of a drag.
     bool DblClickLabelDelay = false;
+
+    // --- shortcuts: selection, press and drag ---
+    // The selected shortcuts, newest first (a new entry goes before the first).
+    std::vector<int16_t> SelectedLinks;
+    // The shortcut pressed last; -1 once the pointer moved with the button down (a drag, not a start).
+    int16_t MouseDownLink = -1;
+    // Where the pointer went down on that shortcut (its own twips) and where its label stood then.
+    float MouseDownX = 0;
+    float MouseDownY = 0;
+    float DownLeft = 0;
+    float DownTop = 0;
+    // The context menu was opened on a container rather than on a shortcut.
+    bool ContextIsContainer = false;
+    // The type-to-find panel is open.
+    bool JumpToOpen = false;
+    // Collapses the workspace around a launch (docks it); set by the window's docking. Until it is set,
+    // a launch leaves the window where it is.
+    std::function<void()> onCollapse;
 
     // --- timers ---
     Timer TimerHide{clock, QStringLiteral("TimerHide"), 1000};

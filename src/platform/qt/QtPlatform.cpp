@@ -1,7 +1,9 @@
 #include "platform/qt/QtPlatform.h"
 
 #include "app/elements/Element.h"
+#include "platform/qt/AddUrlDialog.h"
 #include "platform/qt/HttpClient.h"
+#include "platform/qt/Launcher.h"
 #include "platform/qt/ProgramIcon.h"
 
 #include <QApplication>
@@ -14,6 +16,7 @@
 #include <QSoundEffect>
 #include <QFontMetrics>
 #include <QImageReader>
+#include <QInputDialog>
 #include <QLocalServer>
 #include <QLocalSocket>
 #include <QLockFile>
@@ -24,6 +27,8 @@
 #include <QStandardPaths>
 #include <QSystemTrayIcon>
 #include <QUrl>
+
+#include <cerrno>
 
 namespace pd {
 
@@ -70,6 +75,22 @@ QString QtPlatform::chooseOpenFile(const QString& title, const QString& filterNa
     if (!name.contains(QLatin1Char('('))) name += QStringLiteral(" (") + linuxPattern + QLatin1Char(')');
     else name = name.left(name.indexOf(QLatin1Char('('))).trimmed() + QStringLiteral(" (") + linuxPattern + QLatin1Char(')');
     return QFileDialog::getOpenFileName(nullptr, title, QDir::homePath(), name);
+}
+
+QString QtPlatform::chooseFolder(const QString& prompt) {
+    return QFileDialog::getExistingDirectory(nullptr, prompt, QDir::homePath());
+}
+
+QString QtPlatform::inputText(const QString& prompt, const QString& title, const QString& preset) {
+    bool ok = false;
+    const QString text = QInputDialog::getText(nullptr, title.isEmpty() ? QStringLiteral("Perchdock") : title, prompt,
+                                               QLineEdit::Normal, preset, &ok, Qt::WindowStaysOnTopHint);
+    return ok ? (text.isNull() ? QStringLiteral("") : text) : QString();
+}
+
+void QtPlatform::addUrlDialog(const std::function<void(const QString&)>& onAdd) {
+    AddUrlDialog dialog(onAdd);
+    dialog.exec();
 }
 
 float QtPlatform::twipsPerPixelX() const {
@@ -128,6 +149,19 @@ bool QtPlatform::openUrl(const QString& target) {
 
 bool QtPlatform::startDetached(const QString& program, const QStringList& args) {
     return QProcess::startDetached(program, args);
+}
+
+int QtPlatform::shellExecute(const QString& file, const QString& params, const QString& dir) {
+    return LaunchTarget(file, params, dir);
+}
+
+int QtPlatform::moveToTrash(const QString& path) {
+    // Qt follows the freedesktop trash: the file goes to the trash of its own file system, with the
+    // information file that lets the desktop's trash restore it.
+    errno = 0;
+    QFile f(path);
+    if (f.moveToTrash()) return 0;
+    return errno != 0 ? errno : EIO;
 }
 
 void QtPlatform::playSound(const QString& path) {

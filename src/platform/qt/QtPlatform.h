@@ -27,6 +27,9 @@ public:
 
     int messageBox(const QString& text, int style, const QString& title) override;
     QString chooseOpenFile(const QString& title, const QString& filterName, const QString& pattern) override;
+    QString chooseFolder(const QString& prompt) override;
+    QString inputText(const QString& prompt, const QString& title, const QString& preset) override;
+    void addUrlDialog(const std::function<void(const QString&)>& onAdd) override;
     float twipsPerPixelX() const override;
     float twipsPerPixelY() const override;
     float screenWidth() const override;
@@ -39,6 +42,10 @@ public:
     QString programExecutable() const override;
     bool openUrl(const QString& target) override;
     bool startDetached(const QString& program, const QStringList& args) override;
+    // Starts a target as platform/qt/Launcher describes.
+    int shellExecute(const QString& file, const QString& params, const QString& dir) override;
+    // The freedesktop trash through QFile::moveToTrash.
+    int moveToTrash(const QString& path) override;
     void playSound(const QString& path) override;
     void showTrayIcon(const QString& tip) override;
     void removeTrayIcon() override;
