@@ -4,10 +4,20 @@
 
 #include <QString>
 
+#include <cstdint>
+#include <vector>
+
 namespace pd {
 
 class Workspace;
 class Element;
+
+// Whether slot n holds a shortcut: a loaded label with a caption, and its record.
+bool IsLinkLive(const Workspace& ws, int n);
+// The element shortcut n stands in (a grpBorder member or picBack).
+Element& LinkOwner(Workspace& ws, int n);
+// The icon box of shortcut n (PicIcon by the record's IconIndex).
+Element& IconBox(Workspace& ws, int n);
 
 // Makes icon and record agree with the label: icon size by font size (above 10 points the large
 // icon), the icon 50 twips left of the label and centred on it, the record's Size, the icon drawn.
@@ -33,5 +43,17 @@ void SetLinksSize(Workspace& ws);
 void ToggleBoldSelected(Workspace& ws);
 // Keeps an element (a shortcut's label or a container) inside its owner by the keep-inside rules.
 void KeepLinkInside(Workspace& ws, Element& e);
+
+// The sorts. The selection's order matters: stacking walks it from the last entry to the first, so a
+// sort leaves the entry that is to stand highest at the end.
+// Sorts the selection's entries First..Last (1-based) by their lowered captions and rebuilds it so that
+// the walk from the last entry meets them in that order (A to Z when Ascending).
+void QuickSortShortcutNames(Workspace& ws, int First, int Last, bool Ascending);
+// Orders the selection by Top: the walk from the last entry meets the highest label first.
+void QuickSortTop(Workspace& ws);
+// Sorts Keys[Low..High] into ascending (descending) order, carrying Items along.
+void QuickSortNumbers(std::vector<float>& Keys, std::vector<int16_t>& Items, int Low, int High);
+void QuickSortStringsAscending(std::vector<QString>& Keys, std::vector<int16_t>& Items, int Low, int High);
+void QuickSortStringsDescending(std::vector<QString>& Keys, std::vector<int16_t>& Items, int Low, int High);
 
 } // namespace pd

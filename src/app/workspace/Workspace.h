@@ -221,6 +221,9 @@ public:
     // Collapses the workspace around a launch (docks it); set by the window's docking. Until it is set,
     // a launch leaves the window where it is.
     std::function<void()> onCollapse;
+    // Starts the drag of shortcut n out of its owner (to another container or the background); set by
+    // the view. The label is back at its place when it runs.
+    std::function<void(int)> onStartLinkDrag;
 
     // --- timers ---
     Timer TimerHide{clock, QStringLiteral("TimerHide"), 1000};
