@@ -25,4 +25,7 @@ void ClearMarksForTags(Workspace& ws, int n);
 // Closes the type-to-find panel when it is open.
 void HideJumpTo(Workspace& ws);
 
+// The text of a start's error number (1 to 31), as the error box shows it.
+QString LaunchErrorText(int result);
+
 } // namespace pd
