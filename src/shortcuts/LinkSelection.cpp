@@ -26,9 +26,9 @@ constexpr float kToolbarLeft = 400;
 
 const std::array<const char*, kButtons> kButtonTips = {"Zoom In", "Zoom Out", "Set Size", "Toggle Bold Font",
                                                        "Sort Ascending", "Sort Descending"};
-// The buttons' images, in the skin's folder of toolbar images.
-const std::array<const char*, kButtons> kButtonImages = {"zoomin.png", "zoomout.png", "setsize.png",
-                                                         "bold.png",   "sortaz.png",  "sortza.png"};
+// The buttons' images: the program's own, beside it in Skin/Toolbar (not part of a button set).
+const std::array<const char*, kButtons> kButtonImages = {"zoomin.gif", "zoomout.gif", "setsize.gif",
+                                                         "bold.gif",   "sortaz.gif",  "sortza.gif"};
 
 // Loads the buttons once and lays the toolbar out: swatch, then the six buttons left to right.
 void BuildToolbar(Workspace& ws) {
@@ -49,10 +49,10 @@ void BuildToolbar(Workspace& ws) {
         b.setContainer(&bar);
         b.Move(margin + (i + 1) * step, marginY, side, height);
         b.ToolTipText = QString::fromLatin1(kButtonTips[static_cast<size_t>(i)]);
-        // A picture is taken only when the platform can read it.
-        const QString image = ws.dataFile(QStringLiteral("Skin/Toolbar/") +
-                                          QString::fromLatin1(kButtonImages[static_cast<size_t>(i)]));
-        if (ws.platform.imageSize(image).isValid()) b.Picture = image;
+        // A picture is taken only when the platform can read it (a loaded member copies member 0's).
+        const QString image = ws.programFile(QStringLiteral("Skin/Toolbar/") +
+                                             QString::fromLatin1(kButtonImages[static_cast<size_t>(i)]));
+        b.Picture = ws.platform.imageSize(image).isValid() ? image : QString();
         b.Visible = true;
     }
 }

@@ -8,6 +8,8 @@
 #include "shortcuts/Shortcuts.h"
 #include "support/TestWorkspace.h"
 
+#include <QFile>
+
 #include <gtest/gtest.h>
 
 using namespace pd;
@@ -278,3 +280,36 @@ TEST_F(LinkSelection, TheToolbarButtonsRunTheirCommands) {
     EXPECT_LT(Label(b).Top.get(), Label(a).Top.get());
     picMiniToolbar_Click(ws(), 6); // no such button
 }
+
+TEST_F(LinkSelection, TheToolbarButtonsShowTheProgramsImagesWhenTheyAreThere) {
+    const int a = AddOnBack(QStringLiteral("a.txt"), 3000, 2000);
+    SetLinkSelected(ws(), a, true);
+    const char* files[] = {"zoomin.gif", "zoomout.gif", "setsize.gif", "bold.gif", "sortaz.gif", "sortza.gif"};
+    // One image missing: that button shows none.
+    for (int i = 0; i < 5; ++i)
+        t.platform.images[ws().programFile(QStringLiteral("Skin/Toolbar/") + QString::fromLatin1(files[i]))] = QSize(16, 16);
+    ShowLinkToolbar(ws(), ws().picBack(0));
+    for (int i = 0; i < 5; ++i)
+        EXPECT_EQ(ws().picMiniToolbar(i).Picture.get(),
+                  ws().programFile(QStringLiteral("Skin/Toolbar/") + QString::fromLatin1(files[i])));
+    EXPECT_TRUE(ws().picMiniToolbar(5).Picture.get().isEmpty());
+}
+
+#ifdef PERCHDOCK_ASSETS_DIR
+// The six images ship with the program: 16 by 16 GIFs, all different.
+TEST(LinkToolbarImages, TheSixButtonImagesShipWithTheProgram) {
+    const char* files[] = {"zoomin.gif", "zoomout.gif", "setsize.gif", "bold.gif", "sortaz.gif", "sortza.gif"};
+    std::vector<QByteArray> seen;
+    for (const char* f : files) {
+        QFile file(QStringLiteral(PERCHDOCK_ASSETS_DIR "/Skin/Toolbar/") + QString::fromLatin1(f));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << f;
+        const QByteArray bytes = file.readAll();
+        ASSERT_GE(bytes.size(), 10) << f;
+        EXPECT_TRUE(bytes.startsWith("GIF89a")) << f;
+        EXPECT_EQ(static_cast<uint8_t>(bytes[6]) | (static_cast<uint8_t>(bytes[7]) << 8), 16) << f;
+        EXPECT_EQ(static_cast<uint8_t>(bytes[8]) | (static_cast<uint8_t>(bytes[9]) << 8), 16) << f;
+        for (const QByteArray& other : seen) EXPECT_NE(bytes, other) << f;
+        seen.push_back(bytes);
+    }
+}
+#endif
