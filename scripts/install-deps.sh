@@ -10,6 +10,8 @@ packages=(
   qt6-base-dev qt6-multimedia-dev qt6-svg-dev libgl-dev
   # Feed documents
   libpugixml-dev
+  # Opening documents, folders and web addresses with the desktop's programs
+  xdg-utils
   # Tests and benchmarks
   libgtest-dev googletest libbenchmark-dev
   # End-to-end tests: a virtual X display, input and window queries, screenshots

@@ -1139,6 +1139,23 @@ def color_file(theme):
     return ("\r\n".join(lines) + "\r\n").encode("ascii")
 
 
+# The page that stands for the web browser: web shortcuts show the desktop's icon for an HTML page.
+HOME_PAGE = """<!DOCTYPE html>
+<html lang="en">
+<head>
+<meta charset="utf-8">
+<title>Perchdock</title>
+</head>
+<body>
+<h1>Perchdock</h1>
+<p>A second desk that slides in from the edge of the screen: containers of shortcuts, notes,
+news feeds, pictures and reminders, saved at every change as plain text files.</p>
+<p>This page ships with the program; its icon is the one web shortcuts show.</p>
+</body>
+</html>
+"""
+
+
 # ---------------------------------------------------------------------------------------------------
 
 
@@ -1157,6 +1174,7 @@ def generate(include_wallpaper=True):
         files[name] = encode_wav(make())
     files["Skin/Colors/plain white on blue.pkc"] = color_file(theme=False)
     files["Skin/plain white on blue.pkt"] = color_file(theme=True)
+    files["Perchdock Home Page.html"] = HOME_PAGE.encode("utf-8")
     if include_wallpaper:
         files["Skin/Wallpaper/" + WALLPAPER] = encode_jpeg(1024, 768, wallpaper_pixel, quality=92)
     return files

@@ -5,6 +5,7 @@
 #include "app/WorkspaceFile.h"
 #include "app/workspace/Workspace.h"
 #include "containers/ContainerMenus.h"
+#include "shortcuts/Shortcuts.h"
 #include "window/ResizeForm.h"
 
 namespace pd {
@@ -104,6 +105,7 @@ void WireCoreCommands(Workspace& ws) {
     ws.menus["mnuExitApp"].onClick = [w] { w->menus["mnuExitMainWin"].Click(); };
     ws.menus["mnuCheckForUpdate"].onClick = [w] { CheckForUpdate(*w); };
     WireContainerCommands(ws);
+    WireShortcutCommands(ws);
     // A setting's entry flips its check mark and saves at once.
     for (const auto& m : ws.menus.all()) {
         if (!m->checkable() || m->onClick) continue;

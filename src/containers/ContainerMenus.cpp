@@ -46,9 +46,27 @@ void WireGestureTimers(Workspace& ws) {
 
 const char* TitleContextMenu(Workspace& ws, int i) {
     if (ws.menus["mnuLock"].Checked()) return "";
+    ContainerBodyMenu(ws, i);
+    ws.ContextIsContainer = true;
+    return "mnuLink";
+}
+
+const char* ContainerBodyMenu(Workspace& ws, int i) {
     ws.SelectedContainer = static_cast<int16_t>(i);
+    ws.ContextIsContainer = false;
     ws.menus["mnuLinkEdit"].setCaption(QStringLiteral("Rename"));
+    ws.menus["mnuLinkEdit"].setVisible(true);
     ws.menus["mnuDeleteContainer"].setVisible(true);
+    ws.menus["mnuLinkDelete"].setVisible(false);
+    // The layout commands act on selected shortcuts: they belong to a shortcut's menu.
+    for (const char* name : {"mnuSepLinkLayout", "mnuAtoZ", "mnuZtoA", "mnuLargeIcons", "mnuSmallIcons", "mnuSizeLink"})
+        ws.menus[QString::fromLatin1(name)].setVisible(false);
+    int count = 0;
+    for (int k = 0; k < ws.Link.Count(); ++k)
+        if (ws.Link.exists(k) && ws.Link(k).Visible && ws.Link(k).Container() == &ws.grpBorder(i)) ++count;
+    ws.menus["mnuStartAll"].setCaption(QStringLiteral("&Start All Shortcuts [") + QString::number(count) +
+                                       QLatin1Char(']'));
+    for (const char* name : {"mnuSepStartAll", "mnuStartAll"}) ws.menus[QString::fromLatin1(name)].setVisible(true);
     return "mnuLink";
 }
 

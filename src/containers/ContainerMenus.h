@@ -12,5 +12,8 @@ void WireGestureTimers(Workspace& ws);
 // A right click on the title of container i: the title's menu, unless the workspace is locked.
 // Returns the name of the popup to open, or an empty name for none.
 const char* TitleContextMenu(Workspace& ws, int i);
+// A right click inside container i: the same menu, with "Invert Selection" acting on its shortcuts and
+// "&Start All Shortcuts [n]" counting them.
+const char* ContainerBodyMenu(Workspace& ws, int i);
 
 } // namespace pd

@@ -4,6 +4,8 @@
 #include "app/workspace/Workspace.h"
 #include "shortcuts/LinkLayout.h"
 
+#include <algorithm>
+
 namespace pd {
 
 namespace {
@@ -50,6 +52,30 @@ QString GetFileName(const QString& Path) {
     const qsizetype back = Path.lastIndexOf(QLatin1Char('\\'));
     if (back >= pos) pos = back + 1;
     return Path.mid(pos);
+}
+
+bool FindDuplicateLink(Workspace& ws, Element& Owner, const QString& Path) {
+    const int count = std::min(static_cast<int>(ws.Links.size()), static_cast<int>(ws.LinkCount));
+    for (int k = 0; k < count; ++k) {
+        if (!ws.Link.exists(k)) continue;
+        Element& label = ws.Link(k);
+        // Same owner means the same element: same family and same index.
+        if (!label.Visible || ws.Links[k].LinkType != 2.0f || label.Container() != &Owner) continue;
+        if (ws.Links[k].LinkPath == Path) return true;
+    }
+    return false;
+}
+
+int FontSizeInContainer(Workspace& ws, int OwnerIndex, int NewLinkIndex) {
+    if (OwnerIndex >= 0 && OwnerIndex < ws.grpBorder.Count()) {
+        Element* owner = &ws.grpBorder(OwnerIndex);
+        for (int k = ws.Link.Count() - 1; k >= 0; --k) {
+            // A removed shortcut (empty caption) no longer counts.
+            if (k == NewLinkIndex || !ws.Link.exists(k) || ws.Link(k).Caption.get().isEmpty()) continue;
+            if (ws.Link(k).Container() == owner) return static_cast<int>(ws.Link(k).FontSize.get());
+        }
+    }
+    return ws.LinkFontSize;
 }
 
 void AddShortcut(Workspace& ws, QString Path, Element& Owner) {

@@ -32,6 +32,10 @@ Element& MenuOwner(Workspace& ws);
 void mnuAddFileLink_Click(Workspace& ws);
 void mnuAddFolderLink_Click(Workspace& ws);
 void mnuAddLink_Click(Workspace& ws);
+// Connects the shortcut commands of the menus.
+void WireShortcutCommands(Workspace& ws);
+// Prepares the shared context menu for shortcut n and returns its name.
+const char* LinkContextMenu(Workspace& ws, int n);
 
 // The hover text of shortcut n: the address, or the size and location of its file.
 QString LinkHoverText(Workspace& ws, int n);

@@ -8,6 +8,9 @@
 #include "containers/Shrinking.h"
 #include "containers/TitleMouse.h"
 #include "desk/Notes.h"
+#include "shortcuts/LinkMouse.h"
+#include "shortcuts/LinkSelection.h"
+#include "shortcuts/Shortcuts.h"
 #include "view/ElementWidget.h"
 #include "view/MainView.h"
 #include "view/MenuView.h"
@@ -77,6 +80,27 @@ void MouseLeftTiles(Workspace& ws) {
     if (!ws.TimerDisableMouseMove.Enabled()) ShrinkBackContainer(ws);
 }
 
+// The mouse on a shortcut's label: press, moves (hover or drag), release, double click, menu.
+void WireLink(InputContext& ctx, ElementWidget& w, int n) {
+    w.onPress = [&ctx, n](ElementWidget&, QMouseEvent& ev) {
+        const QPointF at = ToTwips(ctx.ws, ev);
+        Link_MouseDown(ctx.ws, Button(ev), Shift(ev), n, static_cast<float>(at.x()), static_cast<float>(at.y()));
+        if (ev.button() == Qt::RightButton) Popup(ctx, QString::fromLatin1(LinkContextMenu(ctx.ws, n)), ev);
+    };
+    w.onMove = [&ctx, n](ElementWidget&, QMouseEvent& ev) {
+        const QPointF at = ToTwips(ctx.ws, ev);
+        const int held = (ev.buttons() & Qt::LeftButton) ? 1 : (ev.buttons() & Qt::RightButton) ? 2 : 0;
+        Link_MouseMove(ctx.ws, held, Shift(ev), n, static_cast<float>(at.x()), static_cast<float>(at.y()));
+    };
+    w.onRelease = [&ctx, n](ElementWidget&, QMouseEvent& ev) {
+        const QPointF at = ToTwips(ctx.ws, ev);
+        Link_MouseUp(ctx.ws, Button(ev), Shift(ev), n, static_cast<float>(at.x()), static_cast<float>(at.y()));
+    };
+    w.onDoubleClick = [&ctx, n](ElementWidget&, QMouseEvent& ev) {
+        if (Left(ev)) Link_DblClick(ctx.ws, n);
+    };
+}
+
 void WireTitleBand(InputContext& ctx, ElementWidget& w) {
     Workspace& ws = ctx.ws;
     w.onPress = [&ctx](ElementWidget&, QMouseEvent& ev) {
@@ -107,7 +131,26 @@ void WireElementInput(InputContext& ctx, ElementWidget& w) {
         // The mouse on the bare background has left every tile.
         w.onMove = [&ws](ElementWidget&, QMouseEvent&) { MouseLeftTiles(ws); };
         w.onPress = [&ctx](ElementWidget&, QMouseEvent& ev) {
-            if (ev.button() == Qt::RightButton) Popup(ctx, QStringLiteral("mnuMain"), ev);
+            if (ev.button() != Qt::RightButton) return;
+            // New objects made from the menu appear where it opened.
+            const QPointF at = ToTwips(ctx.ws, ev);
+            ctx.ws.DropX = static_cast<float>(at.x());
+            ctx.ws.DropY = static_cast<float>(at.y());
+            Popup(ctx, QStringLiteral("mnuMain"), ev);
+        };
+    } else if (name == QLatin1String("grpBorder")) {
+        w.onPress = [&ctx, i](ElementWidget&, QMouseEvent& ev) {
+            if (ev.button() != Qt::RightButton || ctx.ws.menus["mnuLock"].Checked()) return;
+            const QPointF at = ToTwips(ctx.ws, ev);
+            ctx.ws.DropX = static_cast<float>(at.x());
+            ctx.ws.DropY = static_cast<float>(at.y());
+            Popup(ctx, QString::fromLatin1(ContainerBodyMenu(ctx.ws, i)), ev);
+        };
+    } else if (name == QLatin1String("Link")) {
+        WireLink(ctx, w, i);
+    } else if (name == QLatin1String("picMiniToolbar")) {
+        w.onPress = [&ws, i](ElementWidget&, QMouseEvent& ev) {
+            if (Left(ev)) picMiniToolbar_Click(ws, i);
         };
     } else if (name == QLatin1String("chkFold")) {
         w.onPress = OnPress(ws, chkFold_MouseDown);

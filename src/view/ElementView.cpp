@@ -60,6 +60,15 @@ void ElementView::applyAll(Element& e) {
 void ElementView::applyGeometry(Element& e, QWidget& w) {
     if (windows_.count(&e)) return; // windows place themselves
     const float tx = ws_.TwipsPerPixelX(), ty = ws_.TwipsPerPixelY();
+    if (e.Name() == QLatin1String("LinkLine")) {
+        // A line from (Left, Top) to (Left + Width, Top + Height): its size may be negative. The widget
+        // covers the box between the two ends; it draws the line itself (ElementWidget).
+        const QPoint a(static_cast<int>(std::lround(e.Left / tx)), static_cast<int>(std::lround(e.Top / ty)));
+        const QPoint b(static_cast<int>(std::lround((e.Left + e.Width) / tx)),
+                       static_cast<int>(std::lround((e.Top + e.Height) / ty)));
+        w.setGeometry(QRect(a, b).normalized().adjusted(0, 0, 1, 1));
+        return;
+    }
     w.setGeometry(static_cast<int>(std::lround(e.Left / tx)), static_cast<int>(std::lround(e.Top / ty)),
                   std::max(0, static_cast<int>(std::lround(e.Width / tx))),
                   std::max(0, static_cast<int>(std::lround(e.Height / ty))));
@@ -116,7 +125,13 @@ void ElementView::elementChanged(Element& e, Prop p) {
         if (!windows_.count(&e)) w->setVisible(e.Visible);
         break;
     case Prop::Enabled: w->setEnabled(e.Enabled); break;
-    case Prop::ToolTipText: w->setToolTip(e.ToolTipText.get()); break;
+    case Prop::ToolTipText: {
+        // Texts keep CR LF line breaks; a tooltip breaks at LF alone.
+        QString tip = e.ToolTipText.get();
+        tip.remove(QLatin1Char('\r'));
+        w->setToolTip(tip);
+        break;
+    }
     case Prop::Picture:
         if (auto* ew = qobject_cast<ElementWidget*>(w)) ew->reloadPicture();
         break;

@@ -4,6 +4,7 @@
 #include "platform/qt/FileIcons.h"
 
 #include <QBitmap>
+#include <algorithm>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPainter>
@@ -13,7 +14,24 @@
 namespace pd {
 
 namespace {
+// Pictures that name an icon rather than an image file: the desktop's icon of a file, an icon of the
+// theme by name, and the no-icon picture. They are drawn at the element's own size.
 const QString kFileIcon = QStringLiteral("fileicon:");
+const QString kThemeIcon = QStringLiteral("themeicon:");
+const QString kNoIcon = QStringLiteral("noicon:");
+
+bool IsIconPicture(const QString& pic) {
+    return pic.startsWith(kFileIcon) || pic.startsWith(kThemeIcon) || pic.startsWith(kNoIcon);
+}
+
+// The pointer of an element: 11 the hourglass, 99 the hand that says a click starts something.
+Qt::CursorShape PointerShape(int pointer) {
+    switch (pointer) {
+    case 11: return Qt::WaitCursor;
+    case 99: return Qt::PointingHandCursor;
+    default: return Qt::ArrowCursor;
+    }
+}
 } // namespace
 
 QColor ToQColor(int32_t bgr) {
@@ -94,6 +112,7 @@ void ElementWidget::mirror(Prop p) {
     case Prop::FontSize:
     case Prop::FontName: syncEditor(); break;
     case Prop::Caption: setAccessibleName(e_.Caption.get()); break;
+    case Prop::MousePointer: setCursor(PointerShape(e_.MousePointer)); break;
     default: break;
     }
     update();
@@ -116,8 +135,8 @@ bool ElementWidget::eventFilter(QObject* watched, QEvent* ev) {
 
 void ElementWidget::reloadPicture() {
     const QString& pic = e_.Picture.get();
-    if (pic.isEmpty()) picture_ = QPixmap();
-    else if (pic.startsWith(kFileIcon)) picture_ = FileIconPixmap(pic.mid(kFileIcon.size()), 64);
+    // Icons are fetched at paint time, at the size the element then has.
+    if (pic.isEmpty() || IsIconPicture(pic)) picture_ = QPixmap();
     else picture_ = QPixmap(pic);
     update();
 }
@@ -142,12 +161,47 @@ void ElementWidget::resizeEvent(QResizeEvent*) {
     setMask(mask);
 }
 
+void ElementWidget::paintGuide(QPainter& p) {
+    const QString& name = e_.Name();
+    if (name == QLatin1String("LinkLine")) {
+        // From the end at (Left, Top) to the other, whichever corners of the box they are.
+        const int x0 = e_.Width >= 0 ? 0 : width() - 1, y0 = e_.Height >= 0 ? 0 : height() - 1;
+        p.setRenderHint(QPainter::Antialiasing, true);
+        p.setPen(QPen(ToQColor(e_.ForeColor), 1));
+        p.drawLine(QPoint(x0, y0), QPoint(width() - 1 - x0, height() - 1 - y0));
+        return;
+    }
+    // The outlines of a shortcut drag: white under a dark dash, so they show on any background.
+    const QRect r = rect().adjusted(0, 0, -1, -1);
+    if (name == QLatin1String("ShapeIconFiller") && e_.Container()) p.fillRect(r, ToQColor(e_.Container()->BackColor));
+    p.setBrush(Qt::NoBrush);
+    p.setPen(QPen(Qt::white, 1));
+    p.drawRect(r);
+    p.setPen(QPen(QColor(0x20, 0x20, 0x20), 1, Qt::DotLine));
+    p.drawRect(r);
+}
+
 void ElementWidget::paintEvent(QPaintEvent*) {
     QPainter p(this);
+    const QString& family = e_.Name();
+    if (family == QLatin1String("LinkLine") || family == QLatin1String("ShapeMove") ||
+        family == QLatin1String("ShapeMovingIcon") || family == QLatin1String("ShapeIconFiller")) {
+        paintGuide(p);
+        return;
+    }
     if (e_.BackStyle == 1) p.fillRect(rect(), ToQColor(e_.BackColor));
     if (!picture_.isNull()) {
         if (e_.Stretch) p.drawPixmap(rect(), picture_);
         else p.drawPixmap(0, 0, picture_);
+    }
+    const QString& pic = e_.Picture.get();
+    if (IsIconPicture(pic)) {
+        const int size = std::min(width(), height());
+        QPixmap icon;
+        if (pic.startsWith(kFileIcon)) icon = FileIconPixmap(pic.mid(kFileIcon.size()), size);
+        else if (pic.startsWith(kThemeIcon)) icon = ThemeIconPixmap(pic.mid(kThemeIcon.size()), size);
+        else icon = NoIconPixmap(size);
+        p.drawPixmap(0, 0, icon);
     }
     const QString& caption = e_.Caption.get();
     if (!caption.isEmpty()) {
@@ -158,6 +212,12 @@ void ElementWidget::paintEvent(QPaintEvent*) {
         p.setFont(f);
         p.setPen(ToQColor(e_.ForeColor));
         p.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, caption);
+    }
+    // A thin frame: a shortcut's launch mark.
+    if (e_.BorderStyle == 1) {
+        p.setPen(ToQColor(e_.ForeColor));
+        p.setBrush(Qt::NoBrush);
+        p.drawRect(rect().adjusted(0, 0, -1, -1));
     }
 }
 

@@ -2,6 +2,7 @@
 // The widget that shows one element: its back colour (unless transparent), its picture, its caption.
 // Elements that take typed text (a container's rename field, a note) hold a real editor inside.
 
+#include <QPainter>
 #include <QPixmap>
 #include <QWidget>
 
@@ -52,6 +53,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* ev) override;
 
 private:
+    // The guides of a shortcut drag: the line to a swap partner and the outlines.
+    void paintGuide(QPainter& p);
     void syncEditor();
 
     Element& e_;

@@ -4,6 +4,10 @@
 #include "app/workspace/Workspace.h"
 #include "view/ElementWidget.h"
 #include "containers/Folding.h"
+#include "shortcuts/LinkLayout.h"
+#include "shortcuts/LinkMouse.h"
+#include "shortcuts/LinkSelection.h"
+#include "shortcuts/Shortcuts.h"
 #include "window/WindowBands.h"
 
 #include <QBitmap>
@@ -175,6 +179,19 @@ void TopWindow::keyPressEvent(QKeyEvent* ev) {
     if (&e_ == &ws_.frmMain(0) && ev->key() == Qt::Key_Space && ev->modifiers() == Qt::NoModifier) {
         StepToNextContainer(ws_);
         return;
+    }
+    if (&e_ == &ws_.frmMain(0) && !(ev->modifiers() & (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier))) {
+        switch (ev->key()) {
+        case Qt::Key_F5: RefreshLinks(ws_); return;
+        case Qt::Key_Return:
+        case Qt::Key_Enter: LaunchSelectedLink(ws_); return;
+        case Qt::Key_Delete:
+            if (ws_.Link.exists(ws_.SelectedLink) && IsLinkSelected(ws_, ws_.SelectedLink) &&
+                ws_.Link(ws_.SelectedLink).Visible)
+                mnuDeleteSelected_Click(ws_);
+            return;
+        default: break;
+        }
     }
     QWidget::keyPressEvent(ev);
 }

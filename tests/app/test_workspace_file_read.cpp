@@ -377,9 +377,11 @@ TEST(WorkspaceFileRead, AWebShortcutIsPlacedWithItsFields) {
     EXPECT_EQ(label.ForeColor.get(), 255);
     EXPECT_TRUE(label.FontBold.get());
     EXPECT_EQ(label.Container(), &ws.picBack(0));
-    // The icon stands to the left of the label: 16 pixels and a gap of 2.
-    EXPECT_EQ(ws.PicIcon(r.IconIndex).Left.get(), 900.0f - 18 * 15);
-    EXPECT_EQ(ws.PicIcon(r.IconIndex).Top.get(), 1200.0f);
+    // A 12-point label has the large icon (32 pixels), 50 twips to its left and centred on it.
+    const Element& icon = ws.PicIcon(r.IconIndex);
+    EXPECT_EQ(icon.Width.get(), 32.0f * 15);
+    EXPECT_EQ(icon.Left.get(), 900.0f - 32 * 15 - 50);
+    EXPECT_EQ(icon.Top.get(), 1200.0f + label.Height.get() / 2 - 32 * 15 / 2);
 }
 
 TEST(WorkspaceFileRead, AFileShortcutIsPlacedWithItsFields) {

@@ -33,14 +33,11 @@ void DeclareCoreMenus(Menus& menus) {
     menus.add("mnuMain", "Perchdock");
     menus.add("mnuNew", "&Container", "mnuMain").setShortcut("Ctrl+C");
     menus.add("mnuNewNote", "&Note", "mnuMain").setShortcut("Ctrl+N");
+    // Each entry of a menu has its own mnemonic letter, so that a key chooses it at once.
     menus.add("mnuAddLink", "New &Web Shortcut...", "mnuMain").setShortcut("Ctrl+W");
-    menus.add("mnuAddFileLink", "New &File Shortcut...", "mnuMain").setShortcut("Ctrl+F");
-    menus.add("mnuAddFolderLink", "New &Dir Shortcut...", "mnuMain").setShortcut("Ctrl+D");
+    menus.add("mnuAddFileLink", "New Fi&le Shortcut...", "mnuMain").setShortcut("Ctrl+F");
+    menus.add("mnuAddFolderLink", "New Di&r Shortcut...", "mnuMain").setShortcut("Ctrl+D");
     menus.add("mnuSepNew", "-", "mnuMain");
-    menus.add("mnuSelectAll", "Select &All", "mnuMain").setShortcut("Ctrl+A");
-    menus.add("mnuUnselectAll", "&Unselect All", "mnuMain").setShortcut("Ctrl+U");
-    menus.add("mnuDeleteSelected", "Delete Selected Shortcuts", "mnuMain").setShortcut("Shift+Del");
-    menus.add("mnuSepSelect", "-", "mnuMain");
     menus.add("mnuFoldAll", "&Fold/Unfold All", "mnuMain").setShortcut("Ctrl+F2");
     menus.add("mnuShrinkAll", "S&hrink/Expand All", "mnuMain").setShortcut("Ctrl+F1");
     menus.add("mnuClearWorkSpace", "Clear Workspace", "mnuMain");
@@ -77,6 +74,9 @@ void DeclareCoreMenus(Menus& menus) {
     menus.add("mnuSmallIcons", "Zoom &Out", "mnuLink");
     menus.add("mnuSizeLink", "&Set Size", "mnuLink");
     menus.add("mnuLinkSelect", "&Invert Selection", "mnuLink");
+    menus.add("mnuSelectAll", "Select &All", "mnuLink").setShortcut("Ctrl+A");
+    menus.add("mnuUnselectAll", "&Unselect All", "mnuLink").setShortcut("Ctrl+U");
+    menus.add("mnuDeleteSelected", "Delete Selected Shortcuts", "mnuLink").setShortcut("Shift+Del");
     menus.add("mnuSepStartAll", "-", "mnuLink");
     menus.add("mnuStartAll", "&Start All Shortcuts [0]", "mnuLink");
     menus.add("mnuSepAddToContainer", "-", "mnuLink");

@@ -10,6 +10,8 @@
 #include <QMimeDatabase>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace pd {
 
 namespace {
@@ -44,10 +46,71 @@ QPixmap BlankPage(int size) {
     return pm;
 }
 
+QHash<QString, QPixmap>& Cache() {
+    static QHash<QString, QPixmap> cache;
+    return cache;
+}
+
+// A terminal window drawn by us: a dark screen with a prompt, for command shortcuts on a desktop
+// without an icon theme.
+QPixmap TerminalPicture(int size) {
+    QPixmap pm(size, size);
+    pm.fill(Qt::transparent);
+    QPainter p(&pm);
+    p.setRenderHint(QPainter::Antialiasing, true);
+    const QRectF screen(size * 0.06, size * 0.12, size * 0.88, size * 0.76);
+    p.setPen(QPen(QColor(0x90, 0x90, 0x90), std::max(1.0, size / 16.0)));
+    p.setBrush(QColor(0x20, 0x20, 0x20));
+    p.drawRoundedRect(screen, size * 0.08, size * 0.08);
+    p.setPen(QPen(QColor(0x60, 0xE0, 0x60), std::max(1.0, size / 12.0)));
+    const double x = screen.left() + size * 0.16, y = screen.top() + size * 0.22;
+    p.drawLine(QPointF(x, y), QPointF(x + size * 0.16, y + size * 0.14));
+    p.drawLine(QPointF(x + size * 0.16, y + size * 0.14), QPointF(x, y + size * 0.28));
+    p.drawLine(QPointF(x + size * 0.24, y + size * 0.32), QPointF(x + size * 0.48, y + size * 0.32));
+    return pm;
+}
+
+bool IsExecutableFile(const QFileInfo& info) { return info.isFile() && info.isExecutable(); }
+
 } // namespace
 
+void ClearFileIconCache() { Cache().clear(); }
+
+QPixmap NoIconPixmap(int size) {
+    const QString key = QStringLiteral("noicon@") + QString::number(size);
+    if (auto it = Cache().constFind(key); it != Cache().constEnd()) return *it;
+    QPixmap pm(size, size);
+    pm.fill(Qt::transparent);
+    QPainter p(&pm);
+    p.setRenderHint(QPainter::Antialiasing, true);
+    QPen pen(QColor(0xB0, 0xB0, 0xB0), std::max(1.0, size / 16.0), Qt::DashLine);
+    p.setPen(pen);
+    p.setBrush(QColor(255, 255, 255, 60));
+    p.drawRect(QRectF(size * 0.2, size * 0.1, size * 0.6, size * 0.8));
+    QFont f;
+    f.setPixelSize(std::max(6, size / 2));
+    f.setBold(true);
+    p.setFont(f);
+    p.setPen(QColor(0xE0, 0xE0, 0xE0));
+    p.drawText(QRect(0, 0, size, size), Qt::AlignCenter, QStringLiteral("?"));
+    p.end();
+    Cache().insert(key, pm);
+    return pm;
+}
+
+QPixmap ThemeIconPixmap(const QString& name, int size) {
+    const QString key = QStringLiteral("theme:") + name + QLatin1Char('@') + QString::number(size);
+    if (auto it = Cache().constFind(key); it != Cache().constEnd()) return *it;
+    QPixmap pm;
+    const QIcon icon = QIcon::fromTheme(name);
+    if (!icon.isNull()) pm = icon.pixmap(size, size);
+    if (pm.isNull()) pm = name == QLatin1String("utilities-terminal") ? TerminalPicture(size) : BlankPage(size);
+    Cache().insert(key, pm);
+    return pm;
+}
+
 QPixmap FileIconPixmap(const QString& path, int size) {
-    static QHash<QString, QPixmap> cache;
+    QHash<QString, QPixmap>& cache = Cache();
     const QFileInfo info(path);
     QString key;
     QIcon icon;
@@ -57,6 +120,9 @@ QPixmap FileIconPixmap(const QString& path, int size) {
         key = QStringLiteral("file:") + info.absoluteFilePath();
     } else if (info.isDir()) {
         key = QStringLiteral("type:inode/directory");
+    } else if (IsExecutableFile(info) && info.suffix().isEmpty()) {
+        // A program: the theme's icon of executables.
+        key = QStringLiteral("type:application/x-executable");
     } else {
         key = QStringLiteral("type:") + QMimeDatabase().mimeTypeForFile(info, QMimeDatabase::MatchExtension).name();
     }
@@ -73,6 +139,8 @@ QPixmap FileIconPixmap(const QString& path, int size) {
         icon = DesktopEntryIcon(path);
     } else if (info.isDir()) {
         icon = QIcon::fromTheme(QStringLiteral("folder"));
+    } else if (IsExecutableFile(info) && info.suffix().isEmpty()) {
+        icon = QIcon::fromTheme(QStringLiteral("application-x-executable"));
     } else {
         const QMimeType mime = QMimeDatabase().mimeTypeForFile(info, QMimeDatabase::MatchExtension);
         icon = QIcon::fromTheme(mime.iconName(), QIcon::fromTheme(mime.genericIconName()));

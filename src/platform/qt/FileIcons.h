@@ -10,5 +10,12 @@ namespace pd {
 
 // The icon of `path` at `size` pixels square; a blank page when nothing better is known.
 QPixmap FileIconPixmap(const QString& path, int size);
+// An icon of the desktop's theme by name ("utilities-terminal"), with a drawing of our own where the
+// theme has none.
+QPixmap ThemeIconPixmap(const QString& name, int size);
+// The picture of a shortcut whose target is missing: a dashed page with a question mark.
+QPixmap NoIconPixmap(int size);
+// Forgets every icon looked up so far (for measuring the lookup).
+void ClearFileIconCache();
 
 } // namespace pd

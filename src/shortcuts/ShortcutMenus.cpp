@@ -1,0 +1,98 @@
+// The menu routes that make shortcuts: a file (Ctrl+F), a folder (Ctrl+D), web addresses (Ctrl+W).
+// Each saves the workspace at once, so that a crash cannot lose a shortcut already made.
+
+#include "app/WorkspaceFile.h"
+#include "app/workspace/Workspace.h"
+#include "shortcuts/Launch.h"
+#include "shortcuts/LinkLayout.h"
+#include "shortcuts/LinkSelection.h"
+#include "shortcuts/Shortcuts.h"
+#include "window/AutoHide.h"
+
+namespace pd {
+
+namespace {
+
+// Puts the shortcut made last (if one was made since `before`) at the drop position and saves.
+void PlaceNewShortcut(Workspace& ws, int before) {
+    if (ws.LinkCount <= before) return;
+    const int n = ws.LinkCount - 1;
+    ws.Link(n).Move(ws.DropX, ws.DropY);
+    MoveLinkIcon(ws, n);
+    SaveDesktop(ws, true, false);
+}
+
+} // namespace
+
+Element& MenuOwner(Workspace& ws) {
+    // The delete entry of a container shows only while the menu was opened on a container.
+    if (ws.menus["mnuDeleteContainer"].Visible() && ws.grpBorder.exists(ws.SelectedContainer))
+        return ws.grpBorder(ws.SelectedContainer);
+    return ws.picBack(0);
+}
+
+void mnuAddFileLink_Click(Workspace& ws) {
+    EnableDisableTimerHide(ws, false);
+    const QString file = ws.platform.chooseOpenFile(QStringLiteral("Add File Shortcut"),
+                                                    QStringLiteral("All Files (*.*)"), QStringLiteral("*.*"));
+    EnableDisableTimerHide(ws, true);
+    if (file.isEmpty()) return;
+    const int before = ws.LinkCount;
+    AddShortcut(ws, file, MenuOwner(ws));
+    PlaceNewShortcut(ws, before);
+}
+
+void mnuAddFolderLink_Click(Workspace& ws) {
+    EnableDisableTimerHide(ws, false);
+    const QString folder = ws.platform.chooseFolder(QStringLiteral("Add Folder Shortcut:"));
+    EnableDisableTimerHide(ws, true);
+    if (folder.trimmed().isEmpty()) return;
+    const int before = ws.LinkCount;
+    AddShortcut(ws, folder, MenuOwner(ws));
+    PlaceNewShortcut(ws, before);
+}
+
+void mnuAddLink_Click(Workspace& ws) {
+    EnableDisableTimerHide(ws, false);
+    ws.platform.addUrlDialog([&ws](const QString& address) {
+        // The owner is decided at each press of Add, from the menu the dialog was opened from.
+        if (address.trimmed().isEmpty()) return;
+        AddURL(ws, address, QString(), MenuOwner(ws));
+    });
+    SaveDesktop(ws, true, false);
+    EnableDisableTimerHide(ws, true);
+}
+
+void WireShortcutCommands(Workspace& ws) {
+    Workspace* w = &ws;
+    ws.menus["mnuAddFileLink"].onClick = [w] { mnuAddFileLink_Click(*w); };
+    ws.menus["mnuAddFolderLink"].onClick = [w] { mnuAddFolderLink_Click(*w); };
+    ws.menus["mnuAddLink"].onClick = [w] { mnuAddLink_Click(*w); };
+    ws.menus["mnuDeleteSelected"].onClick = [w] { mnuDeleteSelected_Click(*w); };
+    ws.menus["mnuLinkDelete"].onClick = [w] { mnuLinkDelete_Click(*w); };
+    ws.menus["mnuSelectAll"].onClick = [w] { mnuSelectAll_Click(*w); };
+    ws.menus["mnuUnselectAll"].onClick = [w] { mnuUnselectAll_Click(*w); };
+    ws.menus["mnuLinkSelect"].onClick = [w] { mnuLinkSelect_Click(*w); };
+    ws.menus["mnuAtoZ"].onClick = [w] { SortSelectedLinks(*w, true); };
+    ws.menus["mnuZtoA"].onClick = [w] { SortSelectedLinks(*w, false); };
+    ws.menus["mnuLargeIcons"].onClick = [w] { ZoomLinksIn(*w); };
+    ws.menus["mnuSmallIcons"].onClick = [w] { ZoomLinksOut(*w); };
+    ws.menus["mnuSizeLink"].onClick = [w] { SetLinksSize(*w); };
+    ws.menus["mnuStartAll"].onClick = [w] { mnuStartAll_Click(*w); };
+}
+
+const char* LinkContextMenu(Workspace& ws, int n) {
+    ws.SelectedLink = static_cast<int16_t>(n);
+    ws.ContextIsContainer = false;
+    ws.menus["mnuDeleteContainer"].setVisible(false);
+    ws.menus["mnuLinkDelete"].setVisible(true);
+    // The shortcut's properties come with the properties dialog; until then the entry stays away.
+    ws.menus["mnuLinkEdit"].setCaption(QStringLiteral("&Properties"));
+    ws.menus["mnuLinkEdit"].setVisible(false);
+    for (const char* name : {"mnuSepLinkLayout", "mnuAtoZ", "mnuZtoA", "mnuLargeIcons", "mnuSmallIcons", "mnuSizeLink"})
+        ws.menus[QString::fromLatin1(name)].setVisible(true);
+    for (const char* name : {"mnuSepStartAll", "mnuStartAll"}) ws.menus[QString::fromLatin1(name)].setVisible(false);
+    return "mnuLink";
+}
+
+} // namespace pd
