@@ -51,6 +51,13 @@ QHash<QString, QPixmap>& Cache() {
     return cache;
 }
 
+// The icon last given for each path and size: a box repaints without asking the file system or the MIME
+// database again. The pixmaps are shared with the type cache, so this costs a reference a path.
+QHash<QString, QPixmap>& PathCache() {
+    static QHash<QString, QPixmap> cache;
+    return cache;
+}
+
 // A terminal window drawn by us: a dark screen with a prompt, for command shortcuts on a desktop
 // without an icon theme.
 QPixmap TerminalPicture(int size) {
@@ -74,7 +81,10 @@ bool IsExecutableFile(const QFileInfo& info) { return info.isFile() && info.isEx
 
 } // namespace
 
-void ClearFileIconCache() { Cache().clear(); }
+void ClearFileIconCache() {
+    Cache().clear();
+    PathCache().clear();
+}
 
 QPixmap NoIconPixmap(int size) {
     const QString key = QStringLiteral("noicon@") + QString::number(size);
@@ -109,7 +119,8 @@ QPixmap ThemeIconPixmap(const QString& name, int size) {
     return pm;
 }
 
-QPixmap FileIconPixmap(const QString& path, int size) {
+// The icon of a file by its type (or its own picture), from the type cache or the theme.
+static QPixmap LookUpFileIcon(const QString& path, int size) {
     QHash<QString, QPixmap>& cache = Cache();
     const QFileInfo info(path);
     QString key;
@@ -149,6 +160,14 @@ QPixmap FileIconPixmap(const QString& path, int size) {
     if (pm.isNull() && !icon.isNull()) pm = icon.pixmap(size, size);
     if (pm.isNull()) pm = BlankPage(size);
     cache.insert(key, pm);
+    return pm;
+}
+
+QPixmap FileIconPixmap(const QString& path, int size) {
+    const QString pathKey = path + QLatin1Char('@') + QString::number(size);
+    if (auto it = PathCache().constFind(pathKey); it != PathCache().constEnd()) return *it;
+    const QPixmap pm = LookUpFileIcon(path, size);
+    PathCache().insert(pathKey, pm);
     return pm;
 }
 
