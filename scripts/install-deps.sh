@@ -16,6 +16,10 @@ packages=(
   libgtest-dev googletest libbenchmark-dev
   # End-to-end tests: a virtual X display, input and window queries, screenshots
   xvfb xauth xdotool x11-utils imagemagick
+  # Docking under a real window manager, and a tray host for the tray icon
+  openbox trayer
+  # The global hot key's key grab on X11
+  libxcb1-dev
   # Fuzzing: clang with libFuzzer and the sanitizer runtimes
   clang-14 libclang-rt-14-dev
 )

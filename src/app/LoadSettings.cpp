@@ -13,6 +13,7 @@
 #include "themes/Buttons.h"
 #include "themes/DefaultSkin.h"
 #include "window/ResizeForm.h"
+#include "window/WindowServices.h"
 
 #include <QFileInfo>
 
@@ -98,6 +99,7 @@ void ApplyCollected(Workspace& ws, const LoadState& st) {
 
     ws.IsLoading = false;
     if (ws.menus["mnuGlobalHotkey"].Checked()) ws.platform.registerHotKey();
+    ApplyWindowEffects(ws);
 }
 
 } // namespace

@@ -6,7 +6,9 @@
 #include "app/workspace/Workspace.h"
 #include "containers/ContainerMenus.h"
 #include "shortcuts/Shortcuts.h"
+#include "window/Docking.h"
 #include "window/ResizeForm.h"
+#include "window/WindowServices.h"
 
 namespace pd {
 
@@ -106,6 +108,8 @@ void WireCoreCommands(Workspace& ws) {
     ws.menus["mnuCheckForUpdate"].onClick = [w] { CheckForUpdate(*w); };
     WireContainerCommands(ws);
     WireShortcutCommands(ws);
+    WireDocking(ws);
+    WireWindowServices(ws);
     // A setting's entry flips its check mark and saves at once.
     for (const auto& m : ws.menus.all()) {
         if (!m->checkable() || m->onClick) continue;

@@ -136,6 +136,21 @@ public:
     virtual bool registerHotKey() = 0;
     virtual void unregisterHotKey() = 0;
 
+    // --- the program's own windows, named as their elements ("frmMain", "frmToolbar", "frmTooltip") ---
+    // Keeps a window above all others (onTop) or lets it go back among them. With `noActivate` the
+    // window comes to the top without taking the focus from what the user is doing.
+    virtual void setWindowOnTop(const QString& window, bool onTop, bool noActivate) = 0;
+    // The name of the program's window that has the keyboard focus (a pop-up menu counts as the window
+    // it belongs to); empty when another program's window has it.
+    virtual QString foregroundWindow() const = 0;
+    // The opacity of a window, 0 (invisible) to 255 (opaque).
+    virtual void setWindowAlpha(const QString& window, int alpha) = 0;
+    // Throws away the mouse input that waits to be handled, so that clicks made during a long
+    // operation do nothing.
+    virtual void flushMouseEvents() = 0;
+    // Whether the frameless windows made from now on cast a shadow.
+    virtual void setDropShadow(bool on) = 0;
+
     // --- single instance ---
     // Claims this user's single-instance lock; false when another instance holds it.
     virtual bool claimSingleInstance() = 0;

@@ -4,6 +4,7 @@
 #include "shortcuts/CommandLine.h"
 #include "shortcuts/LinkSelection.h"
 #include "window/AutoHide.h"
+#include "window/Docking.h"
 
 #include <QStorageInfo>
 
@@ -104,19 +105,6 @@ void LaunchLink(Workspace& ws, int n) {
     // the shortcuts whose mark its tags name. Even a failed start marks.
     if (ws.Links[static_cast<size_t>(n)].MarkTag.isEmpty()) ClearMarksForTags(ws, n);
     else ws.Link(n).BorderStyle = 1;
-}
-
-void PostLaunch(Workspace& ws, bool Done) {
-    const bool before = ws.menus["mnuCollapseBefore"].Checked();
-    // Either before the start or after it, never both.
-    if (before == Done) return;
-    if (ws.frmMain(0).WindowState == 2) {
-        // A maximized workspace is not docked: it only leaves the top-most position, so that the
-        // started program can come in front. The top-most handling belongs to the window services.
-    } else if (ws.onCollapse) {
-        ws.onCollapse();
-    }
-    // The window manager gives the started program's window the focus; nothing to hand on here.
 }
 
 QString ExpandDriveLetter(const Workspace& ws, const QString& Path) {

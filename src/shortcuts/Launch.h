@@ -9,9 +9,6 @@ namespace pd {
 class Workspace;
 
 void LaunchLink(Workspace& ws, int n);
-// Collapses the workspace before (Done false) or after (Done true) a start, as Collapse Before
-// Launch says.
-void PostLaunch(Workspace& ws, bool Done);
 // A path stored with "@" in front: "@" stands for the program's drive (see the implementation).
 QString ExpandDriveLetter(const Workspace& ws, const QString& Path);
 // The path up to and including its last separator; empty when it has none.

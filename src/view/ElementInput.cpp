@@ -14,6 +14,7 @@
 #include "view/ElementWidget.h"
 #include "view/MainView.h"
 #include "view/MenuView.h"
+#include "window/Docking.h"
 
 #include <QMenu>
 #include <QMouseEvent>
@@ -128,9 +129,13 @@ void WireElementInput(InputContext& ctx, ElementWidget& w) {
     if (name == QLatin1String("picMoveMe") || name == QLatin1String("lblCaption")) {
         WireTitleBand(ctx, w);
     } else if (name == QLatin1String("picBack")) {
-        // The mouse on the bare background has left every tile.
-        w.onMove = [&ws](ElementWidget&, QMouseEvent&) { MouseLeftTiles(ws); };
+        // The mouse on the bare background has left every tile; on a docked window it undocks.
+        w.onMove = [&ws](ElementWidget&, QMouseEvent&) {
+            DockMouseMove(ws);
+            MouseLeftTiles(ws);
+        };
         w.onPress = [&ctx](ElementWidget&, QMouseEvent& ev) {
+            DockMouseDown(ctx.ws);
             if (ev.button() != Qt::RightButton) return;
             // New objects made from the menu appear where it opened.
             const QPointF at = ToTwips(ctx.ws, ev);
@@ -146,6 +151,20 @@ void WireElementInput(InputContext& ctx, ElementWidget& w) {
             ctx.ws.DropY = static_cast<float>(at.y());
             Popup(ctx, QString::fromLatin1(ContainerBodyMenu(ctx.ws, i)), ev);
         };
+    } else if (name == QLatin1String("PicDock")) {
+        w.onPress = [&ws](ElementWidget&, QMouseEvent& ev) { PicDock_MouseDown(ws, Button(ev)); };
+        w.onRelease = [&ctx](ElementWidget&, QMouseEvent& ev) {
+            const QString menu = PicDock_MouseUp(ctx.ws, Button(ev));
+            if (menu.isEmpty()) return;
+            if (QMenu* m = ctx.menus.menu(menu)) {
+                m->setDefaultAction(ctx.menus.action(QStringLiteral("mnuDockNow")));
+                m->popup(ev.globalPosition().toPoint());
+            }
+        };
+    } else if (name == QLatin1String("Group")) {
+        WireRim(ctx, w, i, true);
+    } else if (name == QLatin1String("picPlaceholder")) {
+        WireRim(ctx, w, i, false);
     } else if (name == QLatin1String("Link")) {
         WireLink(ctx, w, i);
     } else if (name == QLatin1String("picMiniToolbar")) {

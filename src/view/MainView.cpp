@@ -8,7 +8,9 @@
 #include "shortcuts/LinkMouse.h"
 #include "shortcuts/LinkSelection.h"
 #include "shortcuts/Shortcuts.h"
+#include "window/Docking.h"
 #include "window/WindowBands.h"
+#include "window/WindowServices.h"
 
 #include <QBitmap>
 #include <QCloseEvent>
@@ -16,10 +18,33 @@
 #include <QMouseEvent>
 #include <QWindow>
 #include <QPainter>
+#include <QGuiApplication>
+#include <QScreen>
+
+#include <algorithm>
 
 #include <cmath>
 
 namespace pd {
+
+int WindowKeyCode(const QKeyEvent& ev) {
+    const int k = ev.key();
+    if ((k >= Qt::Key_A && k <= Qt::Key_Z) || (k >= Qt::Key_0 && k <= Qt::Key_9)) return k;
+    if (k >= Qt::Key_F1 && k <= Qt::Key_F12) return kKeyF1 + (k - Qt::Key_F1);
+    switch (k) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter: return kKeyEnter;
+    case Qt::Key_Escape: return kKeyEscape;
+    case Qt::Key_Space: return kKeySpace;
+    case Qt::Key_Delete: return kKeyDelete;
+    default: return 0;
+    }
+}
+
+int KeyShift(const QKeyEvent& ev) {
+    const Qt::KeyboardModifiers m = ev.modifiers();
+    return (m & Qt::ShiftModifier ? 1 : 0) | (m & Qt::ControlModifier ? 2 : 0) | (m & Qt::AltModifier ? 4 : 0);
+}
 
 TopWindow::TopWindow(Workspace& ws, Element& e, Qt::WindowFlags flags) : QWidget(nullptr, flags), ws_(ws), e_(e) {
     setObjectName(e.Name());
@@ -27,6 +52,17 @@ TopWindow::TopWindow(Workspace& ws, Element& e, Qt::WindowFlags flags) : QWidget
     setAttribute(Qt::WA_QuitOnClose, false);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
+    if (&e == &ws.frmMain(0)) {
+        // Transparent: the window's own background (the docking strip's colour) shows around picBack.
+        canvas_ = new QWidget(this);
+        canvas_->setObjectName(QStringLiteral("frmMainCanvas"));
+        canvas_->setMouseTracking(true);
+    }
+}
+
+QPointF TopWindow::toTwips(const QPointF& px) const {
+    const QPointF offset = canvas_ ? QPointF(canvas_->pos()) : QPointF();
+    return {(px.x() - offset.x()) * ws_.TwipsPerPixelX(), (px.y() - offset.y()) * ws_.TwipsPerPixelY()};
 }
 
 bool TopWindow::settling() const { return placed_.isValid() && placed_.elapsed() < 500; }
@@ -37,9 +73,30 @@ void TopWindow::applyGeometry() {
                   std::max(1, static_cast<int>(std::lround(e_.Width / tx))),
                   std::max(1, static_cast<int>(std::lround(e_.Height / ty))));
     if (windowState() & (Qt::WindowMaximized | Qt::WindowMinimized)) return;
-    if (geometry() == r) return;
+    full_ = r;
+    QRect shown = r;
+    if (canvas_) {
+        // Window managers keep part of every window on the screen, so a window mostly off the screen
+        // (docked, or on its way there) is given only the part that lies on it, and the workspace is
+        // drawn offset inside it. The screen is read afresh each time.
+        const QScreen* screen = QGuiApplication::primaryScreen();
+        const QRect area = screen ? screen->geometry() : QRect(0, 0, 1024, 768);
+        const QRect on = r.intersected(area);
+        clipped_ = on.width() * 2 < r.width() || on.height() * 2 < r.height();
+        if (clipped_) {
+            shown = on.isEmpty() ? QRect(std::clamp(r.x(), area.left(), area.right()),
+                                         std::clamp(r.y(), area.top(), area.bottom()), 1, 1)
+                                 : on;
+        }
+        canvas_->setGeometry(QRect(r.topLeft() - shown.topLeft(), r.size()));
+    }
+    if (geometry() == shown) {
+        round();
+        return;
+    }
     placed_.start();
-    setGeometry(r);
+    setGeometry(shown);
+    round();
 }
 
 void TopWindow::applyAll() {
@@ -86,7 +143,9 @@ void TopWindow::round() {
     QPainter p(&mask);
     p.setBrush(Qt::color1);
     p.setPen(Qt::NoPen);
-    p.drawRoundedRect(rect(), 11, 11);
+    // The outline of the whole window, of which a docked window shows a part.
+    const QRect whole = canvas_ ? canvas_->geometry() : rect();
+    p.drawRoundedRect(whole.width() > 0 ? whole : rect(), 11, 11);
     setMask(mask);
 }
 
@@ -118,13 +177,15 @@ void TopWindow::follow(const QRect& px) {
 }
 
 void TopWindow::moveEvent(QMoveEvent*) {
-    if (settling() || !isVisible() || (windowState() & Qt::WindowMinimized)) return;
+    // A window that shows only its on-screen part is placed by the program alone.
+    if (settling() || clipped_ || !isVisible() || (windowState() & Qt::WindowMinimized)) return;
     follow(geometry());
 }
 
 void TopWindow::resizeEvent(QResizeEvent*) {
+    if (canvas_ && !clipped_) canvas_->setGeometry(rect());
     round();
-    if (settling() || !isVisible()) return;
+    if (settling() || clipped_ || !isVisible()) return;
     if (!(windowState() & Qt::WindowMinimized)) follow(geometry());
     if (&e_ == &ws_.frmMain(0)) MainWindowResize(ws_);
 }
@@ -139,11 +200,14 @@ void TopWindow::changeEvent(QEvent* ev) {
 
 void TopWindow::mousePressEvent(QMouseEvent* ev) {
     // Only the window's own frame and the area outside picBack reach here: its bands move and size it.
-    if (&e_ != &ws_.frmMain(0) || ev->button() != Qt::LeftButton) return;
+    if (&e_ != &ws_.frmMain(0)) return;
+    // A press on a docked window brings it back at once.
+    DockMouseDown(ws_);
+    if (ev->button() != Qt::LeftButton) return;
     QWindow* handle = windowHandle();
     if (!handle) return;
-    const float X = static_cast<float>(ev->position().x()) * ws_.TwipsPerPixelX();
-    const float Y = static_cast<float>(ev->position().y()) * ws_.TwipsPerPixelY();
+    const QPointF at = toTwips(ev->position());
+    const float X = static_cast<float>(at.x()), Y = static_cast<float>(at.y());
     const int hit = WindowHitTest(X, Y, e_.Width, e_.Height);
     switch (hit) {
     case 2: handle->startSystemMove(); break;
@@ -161,8 +225,9 @@ void TopWindow::mousePressEvent(QMouseEvent* ev) {
 
 void TopWindow::mouseMoveEvent(QMouseEvent* ev) {
     if (&e_ != &ws_.frmMain(0) || e_.WindowState == 2) return;
-    const float X = static_cast<float>(ev->position().x()) * ws_.TwipsPerPixelX();
-    const float Y = static_cast<float>(ev->position().y()) * ws_.TwipsPerPixelY();
+    DockMouseMove(ws_);
+    const QPointF at = toTwips(ev->position());
+    const float X = static_cast<float>(at.x()), Y = static_cast<float>(at.y());
     Qt::CursorShape shape = Qt::ArrowCursor;
     switch (WindowPointer(X, Y, e_.Width, e_.Height)) {
     case 6: shape = Qt::SizeBDiagCursor; break;
@@ -174,24 +239,17 @@ void TopWindow::mouseMoveEvent(QMouseEvent* ev) {
     if (cursor().shape() != shape) setCursor(shape);
 }
 
+void TopWindow::enterEvent(QEnterEvent* ev) {
+    QWidget::enterEvent(ev);
+    if (&e_ == &ws_.frmMain(0) && e_.WindowState != 2) DockMouseMove(ws_);
+}
+
 void TopWindow::keyPressEvent(QKeyEvent* ev) {
-    // Keys that reach the window itself (no editor has the focus).
-    if (&e_ == &ws_.frmMain(0) && ev->key() == Qt::Key_Space && ev->modifiers() == Qt::NoModifier) {
-        StepToNextContainer(ws_);
-        return;
-    }
-    if (&e_ == &ws_.frmMain(0) && !(ev->modifiers() & (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier))) {
-        switch (ev->key()) {
-        case Qt::Key_F5: RefreshLinks(ws_); return;
-        case Qt::Key_Return:
-        case Qt::Key_Enter: LaunchSelectedLink(ws_); return;
-        case Qt::Key_Delete:
-            if (ws_.Link.exists(ws_.SelectedLink) && IsLinkSelected(ws_, ws_.SelectedLink) &&
-                ws_.Link(ws_.SelectedLink).Visible)
-                mnuDeleteSelected_Click(ws_);
-            return;
-        default: break;
-        }
+    // Keys that reach the window itself (no editor has the focus, no menu entry binds them) go to the
+    // window's key table.
+    if (&e_ == &ws_.frmMain(0)) {
+        const int code = WindowKeyCode(*ev);
+        if (code && Form_KeyDown(ws_, code, KeyShift(*ev))) return;
     }
     QWidget::keyPressEvent(ev);
 }

@@ -13,6 +13,7 @@
 #include "view/ElementWidget.h"
 #include "view/MainView.h"
 #include "view/MenuView.h"
+#include "window/WindowServices.h"
 
 #include <QApplication>
 #include <QMouseEvent>
@@ -49,7 +50,9 @@ int RunProgram(int argc, char** argv) {
     ws.menuSink = &menus;
     platform.setTrayMenu(menus.menu(QStringLiteral("mnuTray")));
 
-    ElementView view(ws, {{&ws.frmMain(0), &mainWindow}, {&ws.splash.frmSplash(0), &splash}});
+    platform.registerWindow(QStringLiteral("frmMain"), &mainWindow);
+    // The main window's elements are drawn on its canvas, which a docked window shows in part.
+    ElementView view(ws, {{&ws.frmMain(0), mainWindow.canvas()}, {&ws.splash.frmSplash(0), &splash}});
     view.onWindowChanged = [&](Element& e, Prop p) {
         if (&e == &ws.frmMain(0)) mainWindow.apply(p);
         else splash.apply(p);
@@ -61,15 +64,14 @@ int RunProgram(int argc, char** argv) {
     };
     view.attach();
 
-    auto toggleWindow = [&ws] {
-        Element& win = ws.frmMain(0);
-        if (win.WindowState == 1) win.WindowState = 0;
-        win.Visible = !win.Visible;
+    auto toggleWindow = [&ws, bringForward] {
+        if (ToggleWorkspace(ws)) bringForward();
     };
     platform.onToggleRequest = toggleWindow;
-    platform.onTrayClick = [&ws] {
-        ws.frmMain(0).WindowState = 0;
-        ws.frmMain(0).Visible = true;
+    platform.onHotKey = toggleWindow;
+    platform.onTrayClick = [&ws, bringForward] {
+        ws.menus["mnuShowWorkspace"].Click();
+        bringForward();
     };
 
     // Every way out runs the same unload: the menu, closing the window, a signal, the session's end.

@@ -45,7 +45,11 @@ class LinkLaunch : public ::testing::Test {
         ws().menus["mnuDblClick"].setChecked(false);
         ws().menus["mnuCollapseBefore"].setChecked(false);
         ws().menus["mnuConfirmStartAllShortcuts"].setChecked(false);
-        ws().onCollapse = [this] {
+        // A collapse docks the window: standing flush with the top edge, it docks at the top, and the
+        // docking brings it to the top of the stack.
+        ws().frmMain(0).Move(2000, 0);
+        t.platform.onWindowOnTop = [this](const FakePlatform::OnTopCall& call) {
+            if (call.window != QLatin1String("frmMain") || !call.onTop) return;
             ++collapses;
             launchesAtCollapse.push_back(t.platform.launches.size());
         };
@@ -294,6 +298,11 @@ TEST_F(LinkLaunch, AMaximizedWindowIsNotCollapsed) {
     Click(n);
     EXPECT_EQ(collapses, 0);
     EXPECT_EQ(t.platform.launches.size(), 1u);
+    // It only stops being top-most, and stays where it was.
+    ASSERT_FALSE(t.platform.onTopCalls.empty());
+    EXPECT_EQ(t.platform.onTopCalls.back().window, QStringLiteral("frmMain"));
+    EXPECT_FALSE(t.platform.onTopCalls.back().onTop);
+    EXPECT_EQ(ws().frmMain(0).Top, 0.0f);
 }
 
 TEST_F(LinkLaunch, ConfirmWithCollapseBeforeStaysOpenUntilYes) {

@@ -154,6 +154,31 @@ public:
     }
     void doEvents() override { ++doEventsCalls; }
 
+    // The program's windows: every top-most change in order, the window said to have the focus
+    // ("frmMain", or empty for another program's), opacities, flushes and the shadow.
+    struct OnTopCall {
+        QString window;
+        bool onTop;
+        bool noActivate;
+    };
+    std::vector<OnTopCall> onTopCalls;
+    std::map<QString, bool> onTop;
+    QString foreground;
+    std::map<QString, int> alpha;
+    int mouseFlushes = 0;
+    bool dropShadow = false;
+    // Runs at each top-most change, so that a test can see what had happened by then.
+    std::function<void(const OnTopCall&)> onWindowOnTop;
+    void setWindowOnTop(const QString& window, bool top, bool noActivate) override {
+        onTopCalls.push_back({window, top, noActivate});
+        onTop[window] = top;
+        if (onWindowOnTop) onWindowOnTop(onTopCalls.back());
+    }
+    QString foregroundWindow() const override { return foreground; }
+    void setWindowAlpha(const QString& window, int a) override { alpha[window] = a; }
+    void flushMouseEvents() override { ++mouseFlushes; }
+    void setDropShadow(bool on) override { dropShadow = on; }
+
     // HTTP from a script: the reply for each address; an address not listed gets status 0, as when no
     // server answers. Every request is recorded. With `httpDeferred` set, completions wait in
     // `pendingHttp` until `runPendingHttp()`, so that a test can act while a fetch is under way.

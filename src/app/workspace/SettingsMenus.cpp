@@ -1,5 +1,7 @@
 #include "app/workspace/SettingsMenus.h"
 
+#include "window/Docking.h"
+
 namespace pd {
 
 const CheckSetting kCheckSettings[] = {
@@ -44,6 +46,8 @@ void DeclareCoreMenus(Menus& menus) {
     menus.add("mnuSepWorkspace", "-", "mnuMain");
     menus.add("mnuSave", "&Save Workspace", "mnuMain").setShortcut("Ctrl+S");
     menus.add("mnuReload", "&Ignore Changes && Restart", "mnuMain");
+    // The dock menu (window/Docking) shows here and on the title band's dock button.
+    menus.add("mnuDock", "&Dock", "mnuMain");
     menus.add("mnuOptions", "&Options", "mnuMain");
     for (int i = 0; i < kCheckSettingCount; ++i) {
         const CheckSetting& s = kCheckSettings[i];
@@ -85,7 +89,12 @@ void DeclareCoreMenus(Menus& menus) {
 
     // The tray icon's menu.
     menus.add("mnuTray", "Perchdock");
+    menus.add("mnuHideWorkspace", "Hide Perchdock (Click icon to show)", "mnuTray");
     menus.add("mnuExitApp", "Exit", "mnuTray");
+    // What a click on the tray icon and the hot key run; in no menu.
+    menus.add("mnuShowWorkspace", "&Show Perchdock");
+
+    DeclareDockMenus(menus);
 
     // Recent feed searches; member 0 always exists.
     menus.add("mnuRSSSearchItem", "[No Recent Search]", QString(), 0);

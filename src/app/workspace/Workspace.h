@@ -218,15 +218,29 @@ public:
     bool ContextIsContainer = false;
     // The type-to-find panel is open.
     bool JumpToOpen = false;
-    // Collapses the workspace around a launch (docks it); set by the window's docking. Until it is set,
-    // a launch leaves the window where it is.
-    std::function<void()> onCollapse;
     // Starts the drag of shortcut n out of its owner (to another container or the background); set by
     // the view. The label is back at its place when it runs.
     std::function<void(int)> onStartLinkDrag;
 
+    // --- docking (window/Docking.h): the window's position is the state; these only steer it ---
+    // The remembered edge: 1 left, 2 right, 3 top. 3 after the load, not stored.
+    int16_t DockSide = 3;
+    // Some reminder exists: the heartbeat runs the alarm check, which the reminders set in onAlarmCheck.
+    bool RemindersPresent = false;
+    std::function<void()> onAlarmCheck;
+    // The windows that are to stay above the others, by name ("frmMain", "frmToolbar"), oldest first.
+    std::vector<QString> TopmostWindows;
+    // The floating toolbar: where it was placed (twips on the screen) and where the background was
+    // pressed (twips in picBack), so that a release in place opens it.
+    float ToolbarLeft = 0;
+    float ToolbarTop = 0;
+    int16_t BackPressX = -1;
+    int16_t BackPressY = -1;
+
     // --- timers ---
     Timer TimerHide{clock, QStringLiteral("TimerHide"), 1000};
+    Timer TimerShow{clock, QStringLiteral("TimerShow"), 500};
+    Timer TimerSlide{clock, QStringLiteral("TimerSlide"), 5};
     Timer TimerSuspendShrink{clock, QStringLiteral("TimerSuspendShrink"), 2000};
     Timer TimerDontShrink{clock, QStringLiteral("TimerDontShrink"), 20};
     Timer TimerSuspendAutoExpand{clock, QStringLiteral("TimerSuspendAutoExpand"), 500};

@@ -5,6 +5,7 @@
 #include "platform/qt/HttpClient.h"
 #include "platform/qt/Launcher.h"
 #include "platform/qt/ProgramIcon.h"
+#include "platform/qt/X11HotKey.h"
 
 #include <QApplication>
 #include <QCryptographicHash>
@@ -27,6 +28,9 @@
 #include <QStandardPaths>
 #include <QSystemTrayIcon>
 #include <QUrl>
+#include <QWindow>
+
+#include <algorithm>
 
 #include <cerrno>
 
@@ -199,12 +203,95 @@ void QtPlatform::setTrayMenu(QMenu* menu) {
 }
 
 bool QtPlatform::registerHotKey() {
-    // A global key grab is not available yet; on every desktop the same toggle can be bound to
-    // "perchdock --toggle" in the desktop's own shortcut settings.
-    return false;
+    // A key grab on the X11 root window. Wayland has none for clients: there the desktop's own shortcut
+    // settings bind "perchdock --toggle", which reaches this instance through the local socket.
+    if (!hotKey_) hotKey_ = std::make_unique<X11HotKey>([this] {
+        if (onHotKey) onHotKey();
+    });
+    return hotKey_->grab();
 }
 
-void QtPlatform::unregisterHotKey() {}
+void QtPlatform::unregisterHotKey() { hotKey_.reset(); }
+
+void QtPlatform::registerWindow(const QString& name, QWidget* window) { windows_[name] = window; }
+
+void QtPlatform::setWindowOnTop(const QString& window, bool onTop, bool noActivate) {
+    auto it = windows_.find(window);
+    if (it == windows_.end() || !it->second) return;
+    QWidget* w = it->second;
+    QWindow* handle = w->windowHandle();
+    if (!handle || !w->isVisible()) {
+        // Not shown yet: the flag goes with the window when it is made.
+        Qt::WindowFlags flags = w->windowFlags();
+        flags.setFlag(Qt::WindowStaysOnTopHint, onTop);
+        w->overrideWindowFlags(flags);
+        if (handle) handle->setFlags(flags);
+        return;
+    }
+    // On a shown window the platform window changes its "above" state in place (QWidget's own flag
+    // would hide and make the window again); the widget is told without telling the window system, so
+    // that both agree when the window is shown again.
+    if (handle->flags().testFlag(Qt::WindowStaysOnTopHint) != onTop) {
+        Qt::WindowFlags flags = w->windowFlags();
+        flags.setFlag(Qt::WindowStaysOnTopHint, onTop);
+        w->overrideWindowFlags(flags);
+        handle->setFlags(flags);
+    }
+    if (onTop) {
+        handle->raise();
+        if (!noActivate) handle->requestActivate();
+    }
+}
+
+QString QtPlatform::foregroundWindow() const {
+    // On a display without a window manager nothing hands out the focus; the end-to-end tests say so
+    // with this variable, and the main window then counts as the one in front (so it does not dock on
+    // its own under a test that drives it).
+    if (qEnvironmentVariableIsSet("PERCHDOCK_ASSUME_FOCUS")) return QStringLiteral("frmMain");
+    // A pop-up menu does not take the activation from its window, so the menu's window stays in front.
+    const QWidget* active = QApplication::activeWindow();
+    if (!active) return {};
+    for (const auto& [name, w] : windows_)
+        if (w == active) return name;
+    return QStringLiteral("#") + active->objectName();
+}
+
+void QtPlatform::setWindowAlpha(const QString& window, int alpha) {
+    auto it = windows_.find(window);
+    if (it == windows_.end() || !it->second) return;
+    it->second->setWindowOpacity(std::clamp(alpha, 0, 255) / 255.0);
+}
+
+namespace {
+// Eats mouse input while the pending events are handled.
+class MouseEater : public QObject {
+protected:
+    bool eventFilter(QObject*, QEvent* ev) override {
+        switch (ev->type()) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::MouseMove:
+        case QEvent::Wheel: return true;
+        default: return false;
+        }
+    }
+};
+} // namespace
+
+void QtPlatform::flushMouseEvents() {
+    MouseEater eater;
+    qApp->installEventFilter(&eater);
+    QCoreApplication::processEvents(QEventLoop::ExcludeSocketNotifiers);
+    qApp->removeEventFilter(&eater);
+}
+
+void QtPlatform::setDropShadow(bool on) {
+    // Qt's hint, for the windows not made yet (hence the restart). Under X11 the shadow of a frameless
+    // window is the compositor's to draw; the hint is what the program can say.
+    for (const auto& [name, w] : windows_)
+        if (w && !w->testAttribute(Qt::WA_WState_Created)) w->setWindowFlag(Qt::NoDropShadowWindowHint, !on);
+}
 
 QString QtPlatform::instanceKey() const {
     const QByteArray id = QCryptographicHash::hash(userDataDirectory().toUtf8(), QCryptographicHash::Sha1).toHex().left(12);

@@ -5,6 +5,8 @@
 #include "platform/Platform.h"
 
 #include <QObject>
+#include <QPointer>
+#include <QWidget>
 
 #include <map>
 
@@ -19,6 +21,7 @@ class QSoundEffect;
 namespace pd {
 
 class HttpClient;
+class X11HotKey;
 
 class QtPlatform : public Platform {
 public:
@@ -51,6 +54,17 @@ public:
     void removeTrayIcon() override;
     bool registerHotKey() override;
     void unregisterHotKey() override;
+    // Top-most through the window manager's "above" state, opacity through the window's opacity (shown
+    // where a compositor runs), the focus as Qt's active window.
+    void setWindowOnTop(const QString& window, bool onTop, bool noActivate) override;
+    QString foregroundWindow() const override;
+    void setWindowAlpha(const QString& window, int alpha) override;
+    void flushMouseEvents() override;
+    void setDropShadow(bool on) override;
+    // The program's windows by their element names, for the calls above.
+    void registerWindow(const QString& name, QWidget* window);
+    // What the global hot key runs; set by the view.
+    std::function<void()> onHotKey;
     bool claimSingleInstance() override;
     bool askRunningInstanceToToggle() override;
     void doEvents() override;
@@ -75,6 +89,8 @@ private:
     std::map<QString, std::unique_ptr<QSoundEffect>> sounds_;
     QMenu* trayMenu_ = nullptr;
     std::unique_ptr<HttpClient> http_;
+    std::map<QString, QPointer<QWidget>> windows_;
+    std::unique_ptr<X11HotKey> hotKey_;
 };
 
 } // namespace pd
