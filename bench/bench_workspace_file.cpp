@@ -9,6 +9,7 @@
 #include "app/clock/ManualClock.h"
 #include "app/files/TextFile.h"
 #include "app/workspace/Workspace.h"
+#include "shortcuts/LinkLayout.h"
 #include "shortcuts/Shortcuts.h"
 #include "support/FakePlatform.h"
 
