@@ -161,10 +161,6 @@ void WireElementInput(InputContext& ctx, ElementWidget& w) {
                 m->popup(ev.globalPosition().toPoint());
             }
         };
-    } else if (name == QLatin1String("Group")) {
-        WireRim(ctx, w, i, true);
-    } else if (name == QLatin1String("picPlaceholder")) {
-        WireRim(ctx, w, i, false);
     } else if (name == QLatin1String("Link")) {
         WireLink(ctx, w, i);
     } else if (name == QLatin1String("picMiniToolbar")) {

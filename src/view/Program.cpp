@@ -64,6 +64,12 @@ int RunProgram(int argc, char** argv) {
     };
     view.attach();
 
+    // The hot key and a second start with --toggle: in front, the window goes away; otherwise it
+    // comes forward with the focus.
+    auto bringForward = [&mainWindow] {
+        mainWindow.raise();
+        mainWindow.activateWindow();
+    };
     auto toggleWindow = [&ws, bringForward] {
         if (ToggleWorkspace(ws)) bringForward();
     };
