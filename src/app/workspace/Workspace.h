@@ -10,10 +10,13 @@
 #include "platform/Platform.h"
 
 #include <functional>
+#include <memory>
 #include <unordered_map>
 #include <vector>
 
 namespace pd {
+
+struct FloatingToolbar;
 
 // The splash window's elements; it also serves as the About box.
 struct SplashForm {
@@ -236,6 +239,8 @@ public:
     float ToolbarTop = 0;
     int16_t BackPressX = -1;
     int16_t BackPressY = -1;
+    // The toolbar window's state (window/FloatingToolbar.h), made at its first use.
+    std::shared_ptr<FloatingToolbar> FloatingToolbarState;
 
     // --- timers ---
     Timer TimerHide{clock, QStringLiteral("TimerHide"), 1000};
