@@ -4,6 +4,7 @@
 #include "containers/ContainerFiles.h"
 #include "containers/Containers.h"
 #include "containers/Folding.h"
+#include "containers/Moving.h"
 #include "containers/Shrinking.h"
 
 namespace pd {
@@ -17,6 +18,9 @@ void WireContainerCommands(Workspace& ws) {
     ws.menus["mnuClearWorkSpace"].onClick = [w] { mnuClearWorkSpace_Click(*w); };
     ws.menus["mnuDeleteContainer"].onClick = [w] { mnuDeleteContainer_Click(*w); };
     ws.menus["mnuCaptureContainers"].onClick = [w] { mnuCaptureContainers_Click(*w); };
+    ws.menus["mnuSetContainerLeft"].onClick = [w] { mnuSetContainerLeft_Click(*w); };
+    ws.menus["mnuSetContainerTop"].onClick = [w] { mnuSetContainerTop_Click(*w); };
+    ws.menus["mnuSetContainerSize"].onClick = [w] { mnuSetContainerSize_Click(*w); };
     ws.menus["mnuLinkEdit"].onClick = [w] {
         if (w->menus["mnuLinkEdit"].Caption() == QLatin1String("Rename")) StartRename(*w, w->SelectedContainer);
     };
@@ -37,6 +41,7 @@ void WireGestureTimers(Workspace& ws) {
         w->AutoExpandSuspended = false;
         w->TimerSuspendAutoExpand.setEnabled(false);
     };
+    ws.TimeLock.onTimer = [w] { TimeLock_Timer(*w); };
     ws.TimerDisableMouseMove.onTimer = [w] { w->TimerDisableMouseMove.setEnabled(false); };
     ws.TimerDblClickLabelDelay.onTimer = [w] {
         w->DblClickLabelDelay = false;
@@ -44,10 +49,16 @@ void WireGestureTimers(Workspace& ws) {
     };
 }
 
+void SetPlacementEntriesVisible(Workspace& ws, bool visible) {
+    for (const char* name : {"mnuSepSetContainer", "mnuSetContainerLeft", "mnuSetContainerTop", "mnuSetContainerSize"})
+        ws.menus[QString::fromLatin1(name)].setVisible(visible);
+}
+
 const char* TitleContextMenu(Workspace& ws, int i) {
     if (ws.menus["mnuLock"].Checked()) return "";
     ContainerBodyMenu(ws, i);
     ws.ContextIsContainer = true;
+    SetPlacementEntriesVisible(ws, true);
     return "mnuLink";
 }
 
@@ -58,6 +69,7 @@ const char* ContainerBodyMenu(Workspace& ws, int i) {
     ws.menus["mnuLinkEdit"].setVisible(true);
     ws.menus["mnuDeleteContainer"].setVisible(true);
     ws.menus["mnuLinkDelete"].setVisible(false);
+    SetPlacementEntriesVisible(ws, false);
     // The layout commands act on selected shortcuts: they belong to a shortcut's menu.
     for (const char* name : {"mnuSepLinkLayout", "mnuAtoZ", "mnuZtoA", "mnuLargeIcons", "mnuSmallIcons", "mnuSizeLink"})
         ws.menus[QString::fromLatin1(name)].setVisible(false);

@@ -16,6 +16,8 @@
 
 namespace pd {
 
+struct FrmInput;
+
 // Message box styles, as the routines pass them: buttons + icon + system-modal.
 namespace MsgStyle {
 inline constexpr int OkOnly = 0;
@@ -80,8 +82,9 @@ public:
     // the user cancelled.
     virtual QString chooseFolder(const QString& prompt) = 0;
 
-    // A one-line input prompt: returns the text typed, or a null string when the user cancelled.
-    virtual QString inputText(const QString& prompt, const QString& title, const QString& preset) = 0;
+    // Shows the loaded question box (feeds/InputDialog) modally over the main window, with its caption,
+    // prompt and text, and returns when one of its buttons (cmdOK_Click, cmdCancel_Click) hid it.
+    virtual void showInputForm(FrmInput& form) = 0;
 
     // The modal "Add URL" dialog: `onAdd` runs with each address the user adds (the dialog may stay
     // open for more when "Keep Open" is checked). Returns when the dialog has closed.

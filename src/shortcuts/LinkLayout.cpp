@@ -7,6 +7,7 @@
 #include "app/files/Values.h"
 #include "app/workspace/Workspace.h"
 #include "containers/Shrinking.h"
+#include "feeds/InputDialog.h"
 #include "shortcuts/LinkIcons.h"
 #include "shortcuts/LinkSelection.h"
 #include "window/AutoHide.h"
@@ -311,9 +312,9 @@ void SetLinksSize(Workspace& ws) {
     SelectCurrent(ws);
     EnableDisableTimerHide(ws, false);
     const QString preset = ws.Link.exists(ws.SelectedLink) ? QString::number(static_cast<double>(ws.Link(ws.SelectedLink).FontSize.get())) : QString();
-    const QString answer = ws.platform.inputText(QStringLiteral("New Size:"), QStringLiteral("Perchdock"), preset);
+    const QString answer = AskInput(ws, QStringLiteral("New Size:"), preset);
     // A cancelled, blank or non-numeric answer changes nothing; a size is a whole number of points.
-    const std::optional<double> number = answer.isNull() ? std::nullopt : ParseNumber(answer);
+    const std::optional<double> number = answer.isEmpty() ? std::nullopt : ParseNumber(answer);
     const std::optional<int16_t> size = number ? RoundToWord(*number) : std::nullopt;
     if (size && *size >= 1) {
         const int former = ws.SelectedLink;

@@ -91,7 +91,9 @@ const char* LinkContextMenu(Workspace& ws, int n) {
     ws.menus["mnuLinkEdit"].setVisible(false);
     for (const char* name : {"mnuSepLinkLayout", "mnuAtoZ", "mnuZtoA", "mnuLargeIcons", "mnuSmallIcons", "mnuSizeLink"})
         ws.menus[QString::fromLatin1(name)].setVisible(true);
-    for (const char* name : {"mnuSepStartAll", "mnuStartAll"}) ws.menus[QString::fromLatin1(name)].setVisible(false);
+    for (const char* name : {"mnuSepStartAll", "mnuStartAll", "mnuSepSetContainer", "mnuSetContainerLeft",
+                             "mnuSetContainerTop", "mnuSetContainerSize"})
+        ws.menus[QString::fromLatin1(name)].setVisible(false);
     return "mnuLink";
 }
 

@@ -5,6 +5,8 @@
 #include "containers/ContainerMenus.h"
 #include "containers/Containers.h"
 #include "containers/Folding.h"
+#include "containers/Moving.h"
+#include "containers/Selection.h"
 #include "containers/Shrinking.h"
 #include "containers/TitleMouse.h"
 #include "desk/Notes.h"
@@ -12,6 +14,7 @@
 #include "shortcuts/LinkSelection.h"
 #include "shortcuts/Shortcuts.h"
 #include "view/ElementWidget.h"
+#include "view/GhostFrame.h"
 #include "view/MainView.h"
 #include "view/MenuView.h"
 #include "window/Docking.h"
@@ -19,6 +22,8 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QWindow>
+
+#include <cmath>
 
 namespace pd {
 
@@ -81,6 +86,84 @@ void MouseLeftTiles(Workspace& ws) {
     if (!ws.TimerDisableMouseMove.Enabled()) ShrinkBackContainer(ws);
 }
 
+// The buttons held during a move as the handlers take them: 1 left, 2 right, 4 middle.
+int Held(const QMouseEvent& ev) {
+    const Qt::MouseButtons b = ev.buttons();
+    return (b & Qt::LeftButton ? 1 : 0) | (b & Qt::RightButton ? 2 : 0) | (b & Qt::MiddleButton ? 4 : 0);
+}
+
+float Tx(const QPointF& p) { return static_cast<float>(p.x()); }
+float Ty(const QPointF& p) { return static_cast<float>(p.y()); }
+
+// The widget that shows an element, when it has one.
+QWidget* WidgetOf(const Element& e) { return static_cast<QWidget*>(e.viewHandle); }
+
+// The element carried to another owner follows the pointer as an outline of its size.
+void CarryMove(InputContext& ctx, const QMouseEvent& ev) {
+    const Element* source = ctx.ws.DragSource;
+    if (!source || !ctx.carried) return;
+    const float tx = ctx.ws.TwipsPerPixelX(), ty = ctx.ws.TwipsPerPixelY();
+    const QPoint at = ev.globalPosition().toPoint();
+    const QPoint grip(static_cast<int>(std::lround(ctx.ws.DragGripX / tx)),
+                      static_cast<int>(std::lround(ctx.ws.DragGripY / ty)));
+    const QSize size(static_cast<int>(std::lround(source->Width / tx)),
+                     static_cast<int>(std::lround(source->Height / ty)));
+    ctx.carried->showOutline(QRect(at - grip, size));
+}
+
+// The release of a carried element: the owner under the pointer takes it (a container by its body or
+// its rim, or the background); over anything else the drag ends where it is.
+void DropCarried(InputContext& ctx, const QMouseEvent& ev) {
+    Workspace& ws = ctx.ws;
+    if (ctx.carried) ctx.carried->hideOutline();
+    const Element* source = ws.DragSource;
+    if (!source) return;
+    QWidget* sourceWidget = WidgetOf(*source);
+    const QPoint global = ev.globalPosition().toPoint();
+    const float tx = ws.TwipsPerPixelX(), ty = ws.TwipsPerPixelY();
+    for (QWidget* p = ctx.main.childAt(ctx.main.mapFromGlobal(global)); p; p = p->parentWidget()) {
+        // The carried element and what it holds are no places to drop it in.
+        if (sourceWidget && sourceWidget->isAncestorOf(p)) p = sourceWidget;
+        if (p == sourceWidget) continue;
+        auto* ew = qobject_cast<ElementWidget*>(p);
+        if (!ew) continue;
+        const Element& e = ew->element();
+        const QString& name = e.Name();
+        if (name == QLatin1String("picBack")) {
+            const QPoint local = p->mapFromGlobal(global);
+            picBack_DragDrop(ws, static_cast<float>(local.x()) * tx, static_cast<float>(local.y()) * ty);
+            return;
+        }
+        if (name == QLatin1String("grpBorder") || name == QLatin1String("Group")) {
+            QWidget* border = WidgetOf(ws.grpBorder(e.Index()));
+            if (!border) break;
+            const QPoint local = border->mapFromGlobal(global);
+            grpBorder_DragDrop(ws, e.Index(), static_cast<float>(local.x()) * tx, static_cast<float>(local.y()) * ty);
+            return;
+        }
+    }
+    CancelDrag(ws);
+    SaveDesktop(ws, true, false);
+}
+
+// The rim of a container or a picture frame: the handle under the pointer, the press, the release.
+void WireRim(InputContext& ctx, ElementWidget& w, int i, bool group) {
+    w.onPress = [&ctx, i, group](ElementWidget&, QMouseEvent& ev) {
+        const QPointF at = ToTwips(ctx.ws, ev);
+        if (group) Group_MouseDown(ctx.ws, Button(ev), Shift(ev), i, Tx(at), Ty(at));
+        else picPlaceholder_MouseDown(ctx.ws, Button(ev), Shift(ev), i, Tx(at), Ty(at));
+    };
+    w.onMove = [&ctx, i, group](ElementWidget&, QMouseEvent& ev) {
+        const QPointF at = ToTwips(ctx.ws, ev);
+        if (group) Group_MouseMove(ctx.ws, Held(ev), Shift(ev), i, Tx(at), Ty(at));
+        else picPlaceholder_MouseMove(ctx.ws, Held(ev), Shift(ev), i, Tx(at), Ty(at));
+    };
+    w.onRelease = [&ctx, i, group](ElementWidget&, QMouseEvent& ev) {
+        if (group) Group_MouseUp(ctx.ws, Button(ev), Shift(ev), i);
+        else picPlaceholder_MouseUp(ctx.ws, Button(ev), Shift(ev), i);
+    };
+}
+
 // The mouse on a shortcut's label: press, moves (hover or drag), release, double click, menu.
 void WireLink(InputContext& ctx, ElementWidget& w, int n) {
     w.onPress = [&ctx, n](ElementWidget&, QMouseEvent& ev) {
@@ -130,13 +213,23 @@ void WireElementInput(InputContext& ctx, ElementWidget& w) {
         WireTitleBand(ctx, w);
     } else if (name == QLatin1String("picBack")) {
         // The mouse on the bare background has left every tile; on a docked window it undocks.
-        w.onMove = [&ws](ElementWidget&, QMouseEvent&) {
+        w.onMove = [&ws](ElementWidget&, QMouseEvent& ev) {
             DockMouseMove(ws);
             MouseLeftTiles(ws);
+            const QPointF at = ToTwips(ws, ev);
+            picBack_MouseMove(ws, Held(ev), Shift(ev), Tx(at), Ty(at));
+        };
+        w.onRelease = [&ws](ElementWidget&, QMouseEvent& ev) {
+            const QPointF at = ToTwips(ws, ev);
+            picBack_MouseUp(ws, Button(ev), Shift(ev), Tx(at), Ty(at));
         };
         w.onPress = [&ctx](ElementWidget&, QMouseEvent& ev) {
             DockMouseDown(ctx.ws);
-            if (ev.button() != Qt::RightButton) return;
+            if (ev.button() != Qt::RightButton) {
+                const QPointF at = ToTwips(ctx.ws, ev);
+                picBack_MouseDown(ctx.ws, Button(ev), Shift(ev), Tx(at), Ty(at));
+                return;
+            }
             // New objects made from the menu appear where it opened.
             const QPointF at = ToTwips(ctx.ws, ev);
             ctx.ws.DropX = static_cast<float>(at.x());
@@ -144,8 +237,24 @@ void WireElementInput(InputContext& ctx, ElementWidget& w) {
             Popup(ctx, QStringLiteral("mnuMain"), ev);
         };
     } else if (name == QLatin1String("grpBorder")) {
+        w.onMove = [&ws, i](ElementWidget&, QMouseEvent& ev) {
+            const QPointF at = ToTwips(ws, ev);
+            grpBorder_MouseMove(ws, Held(ev), Shift(ev), i, Tx(at), Ty(at));
+        };
+        w.onRelease = [&ws, i](ElementWidget&, QMouseEvent& ev) {
+            const QPointF at = ToTwips(ws, ev);
+            grpBorder_MouseUp(ws, Button(ev), Shift(ev), i, Tx(at), Ty(at));
+        };
         w.onPress = [&ctx, i](ElementWidget&, QMouseEvent& ev) {
-            if (ev.button() != Qt::RightButton || ctx.ws.menus["mnuLock"].Checked()) return;
+            if (ev.button() != Qt::RightButton) {
+                const QPointF at = ToTwips(ctx.ws, ev);
+                grpBorder_MouseDown(ctx.ws, Button(ev), Shift(ev), i, Tx(at), Ty(at));
+                return;
+            }
+            if (ctx.ws.menus["mnuLock"].Checked()) {
+                ShowLockedSign(ctx.ws, ctx.ws.Group(i));
+                return;
+            }
             const QPointF at = ToTwips(ctx.ws, ev);
             ctx.ws.DropX = static_cast<float>(at.x());
             ctx.ws.DropY = static_cast<float>(at.y());
@@ -161,6 +270,10 @@ void WireElementInput(InputContext& ctx, ElementWidget& w) {
                 m->popup(ev.globalPosition().toPoint());
             }
         };
+    } else if (name == QLatin1String("Group")) {
+        WireRim(ctx, w, i, true);
+    } else if (name == QLatin1String("picPlaceholder")) {
+        WireRim(ctx, w, i, false);
     } else if (name == QLatin1String("Link")) {
         WireLink(ctx, w, i);
     } else if (name == QLatin1String("picMiniToolbar")) {
@@ -207,15 +320,30 @@ void WireElementInput(InputContext& ctx, ElementWidget& w) {
         };
         w.onPress = [&ctx, i](ElementWidget&, QMouseEvent& ev) {
             ctx.ws.SelectedContainer = static_cast<int16_t>(i);
+            const QPointF at = ToTwips(ctx.ws, ev);
+            lblName_MouseDown(ctx.ws, Button(ev), Shift(ev), i, Tx(at), Ty(at));
             if (ev.button() == Qt::RightButton) {
                 const QString menu = QString::fromLatin1(TitleContextMenu(ctx.ws, i));
                 if (!menu.isEmpty()) Popup(ctx, menu, ev);
+            }
+        };
+        w.onMove = [&ctx, i](ElementWidget&, QMouseEvent& ev) {
+            if (!ctx.ws.DragSource) {
+                const QPointF at = ToTwips(ctx.ws, ev);
+                lblName_MouseMove(ctx.ws, Held(ev), Shift(ev), i, Tx(at), Ty(at));
+            }
+            if (ctx.ws.DragSource) CarryMove(ctx, ev);
+        };
+        w.onRelease = [&ctx, i](ElementWidget&, QMouseEvent& ev) {
+            Workspace& wsr = ctx.ws;
+            if (wsr.DragSource) {
+                DropCarried(ctx, ev);
                 return;
             }
-            const QPointF at = ToTwips(ctx.ws, ev);
-            lblName_MouseDown(ctx.ws, Button(ev), Shift(ev), i, static_cast<float>(at.x()), static_cast<float>(at.y()));
+            const bool moved = wsr.Group.exists(i) && (wsr.Group(i).Left != wsr.DropX || wsr.Group(i).Top != wsr.DropY);
+            lblName_MouseUp(wsr, Button(ev), Shift(ev), i);
+            if (moved) SaveDesktop(wsr, true, false);
         };
-        w.onRelease = [&ws, i](ElementWidget&, QMouseEvent& ev) { lblName_MouseUp(ws, Button(ev), Shift(ev), i); };
     } else if (name == QLatin1String("groupName")) {
         w.onTextEdited = [&ws, i](ElementWidget&) { RenameTextChanged(ws, i); };
         w.onReturn = [&ws, i](ElementWidget&) { RenameFinished(ws, i, false); };

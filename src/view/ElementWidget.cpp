@@ -3,7 +3,7 @@
 #include "app/elements/Element.h"
 #include "platform/qt/FileIcons.h"
 
-#include <QBitmap>
+#include <QPainterPath>
 #include <algorithm>
 #include <QLineEdit>
 #include <QMouseEvent>
@@ -24,11 +24,17 @@ bool IsIconPicture(const QString& pic) {
     return pic.startsWith(kFileIcon) || pic.startsWith(kThemeIcon) || pic.startsWith(kNoIcon);
 }
 
-// The pointer of an element: 11 the hourglass, 99 the hand that says a click starts something.
+// The pointer of an element: 11 the hourglass, 99 the hand that says a click starts something, 6 to 9
+// the sizing arrows.
 Qt::CursorShape PointerShape(int pointer) {
     switch (pointer) {
     case 11: return Qt::WaitCursor;
     case 99: return Qt::PointingHandCursor;
+    // The sizing pointers of a rim: diagonal up, vertical, diagonal down, horizontal.
+    case 6: return Qt::SizeBDiagCursor;
+    case 7: return Qt::SizeVerCursor;
+    case 8: return Qt::SizeFDiagCursor;
+    case 9: return Qt::SizeHorCursor;
     default: return Qt::ArrowCursor;
     }
 }
@@ -147,18 +153,9 @@ void ElementWidget::setCornerRadius(int px) {
 }
 
 void ElementWidget::resizeEvent(QResizeEvent*) {
-    if (radius_ <= 0 || width() <= 0 || height() <= 0) {
-        clearMask();
-        return;
-    }
-    QBitmap mask(size());
-    mask.fill(Qt::color0);
-    QPainter p(&mask);
-    p.setRenderHint(QPainter::Antialiasing, false);
-    p.setBrush(Qt::color1);
-    p.setPen(Qt::NoPen);
-    p.drawRoundedRect(rect(), radius_, radius_);
-    setMask(mask);
+    // Rounded corners are painted, not cut out: the whole rectangle keeps taking the mouse, so that the
+    // corner handles of a container's thin rim stay within reach.
+    update();
 }
 
 void ElementWidget::paintGuide(QPainter& p) {
@@ -188,6 +185,11 @@ void ElementWidget::paintEvent(QPaintEvent*) {
         family == QLatin1String("ShapeMovingIcon") || family == QLatin1String("ShapeIconFiller")) {
         paintGuide(p);
         return;
+    }
+    if (radius_ > 0) {
+        QPainterPath round;
+        round.addRoundedRect(QRectF(rect()), radius_, radius_);
+        p.setClipPath(round);
     }
     if (e_.BackStyle == 1) p.fillRect(rect(), ToQColor(e_.BackColor));
     if (!picture_.isNull()) {

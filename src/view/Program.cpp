@@ -13,12 +13,15 @@
 #include "view/ElementWidget.h"
 #include "view/MainView.h"
 #include "view/MenuView.h"
+#include "view/GhostFrame.h"
+#include "containers/Selection.h"
 #include "window/WindowServices.h"
 
 #include <QApplication>
 #include <QMouseEvent>
 #include <QSessionManager>
 #include <QWindow>
+#include <QAction>
 
 namespace pd {
 
@@ -57,7 +60,17 @@ int RunProgram(int argc, char** argv) {
         if (&e == &ws.frmMain(0)) mainWindow.apply(p);
         else splash.apply(p);
     };
-    InputContext input{ws, mainWindow, menus};
+    // The ghost outline of a rim drag, and the outline of a container carried to another owner.
+    GhostFrame resizeGhost(QStringLiteral("ResizeGhost"));
+    GhostFrame carriedOutline(QStringLiteral("CarriedOutline"));
+    ws.onDrawGhostRect = [&resizeGhost](const QRect& r) { resizeGhost.toggle(r); };
+    // Ctrl+Z takes the last container move back.
+    QAction undoMove(&mainWindow);
+    undoMove.setObjectName(QStringLiteral("UndoMove"));
+    undoMove.setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z));
+    QObject::connect(&undoMove, &QAction::triggered, [&ws] { UndoMove(ws); });
+    mainWindow.addAction(&undoMove);
+    InputContext input{ws, mainWindow, menus, &carriedOutline};
     view.onWidgetCreated = [&input](ElementWidget& w) { WireElementInput(input, w); };
     ws.onFocusRequest = [&view](Element& e) {
         if (auto* w = qobject_cast<ElementWidget*>(view.widget(e))) w->focusEditor();

@@ -1,6 +1,7 @@
 #pragma once
 // A platform for headless tests: records every call and answers message boxes from a script.
 
+#include "feeds/InputDialog.h"
 #include "platform/Platform.h"
 
 #include <QSize>
@@ -72,14 +73,21 @@ public:
         folderAnswers.pop_front();
         return a;
     }
+    // The question box: each showing is recorded as "prompt|caption|text" and as the whole box as it
+    // came up; an answer types its text and presses OK, and with none left Cancel is pressed.
     std::deque<QString> inputAnswers;
     std::vector<QString> inputPrompts;
-    QString inputText(const QString& prompt, const QString& title, const QString& preset) override {
-        inputPrompts.push_back(prompt + QLatin1Char('|') + title + QLatin1Char('|') + preset);
-        if (inputAnswers.empty()) return {};
-        const QString a = inputAnswers.front();
+    std::vector<FrmInput> inputForms;
+    void showInputForm(FrmInput& form) override {
+        inputForms.push_back(form);
+        inputPrompts.push_back(form.lblCaption + QLatin1Char('|') + form.Caption + QLatin1Char('|') + form.txtInput);
+        if (inputAnswers.empty()) {
+            form.cmdCancel_Click();
+            return;
+        }
+        form.txtInput = inputAnswers.front();
         inputAnswers.pop_front();
-        return a;
+        form.cmdOK_Click();
     }
     // The addresses typed into the next "Add URL" dialogs: one list a dialog, each address one press of
     // Add. A dialog without a list is closed at once.

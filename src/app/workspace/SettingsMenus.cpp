@@ -71,6 +71,11 @@ void DeclareCoreMenus(Menus& menus) {
     del.setVisible(false);
     // On a shortcut the same place holds the shortcut's own delete.
     menus.add("mnuLinkDelete", "&Delete", "mnuLink").setVisible(false);
+    // The placement commands of a title's menu: the selected containers against the chosen one.
+    menus.add("mnuSepSetContainer", "-", "mnuLink");
+    menus.add("mnuSetContainerLeft", "Align &Left", "mnuLink");
+    menus.add("mnuSetContainerTop", "Align &Top", "mnuLink");
+    menus.add("mnuSetContainerSize", "Match &Size", "mnuLink");
     menus.add("mnuSepLinkLayout", "-", "mnuLink");
     menus.add("mnuAtoZ", "Sort A to Z...", "mnuLink");
     menus.add("mnuZtoA", "Sort Z to A...", "mnuLink");

@@ -86,6 +86,14 @@ Workspace::Workspace(Platform& p, Clock& c) : platform(p), clock(c) {
         (*f)(0).Visible = false;
         (*f)(0).setContainer(&picBack(0));
     }
+    // The selection outlines: a frame only, hidden until a rectangle drag.
+    for (ElementFamily* f : {&SelectRect, &SelectedRectGroup}) {
+        (*f)(0).Visible = false;
+        (*f)(0).BackStyle = 0;
+        (*f)(0).BorderStyle = 1;
+    }
+    SelectRect(0).setContainer(&picBack(0));
+    SelectedRectGroup(0).setContainer(&grpBorder(0));
     VerS(0).Width = 15;
     HorS(0).Height = 15;
     VerSIndic(0).Width = 15;
@@ -132,7 +140,7 @@ void Workspace::ContainerDesign() {
 std::vector<ElementFamily*> Workspace::families() {
     return {&frmMain,       &picBack,   &imgBack,        &picMoveMe,        &lblCaption,
             &PicShrinkExpandAllToolbar, &PicFoldUnfoldAllToolbar, &PicRSSRefreshALL, &ImgLock,
-            &VerS, &HorS, &VerSIndic, &HorSIndic,
+            &VerS, &HorS, &VerSIndic, &HorSIndic, &SelectRect, &SelectedRectGroup,
             &lblVersion,    &PicDock,   &PicLockToolbar, &PicUnLockToolbar, &lblRSSRefresh,
             &PicJumpToLink, &PicJumpToLinkTop, &Group,   &grpBorder,        &lblName,
             &groupName,     &chkFold,   &chkUnfold,      &picShrink,        &ShrinkIcon,

@@ -9,6 +9,9 @@
 #include "app/workspace/Records.h"
 #include "platform/Platform.h"
 
+#include <QRect>
+
+#include <array>
 #include <functional>
 #include <memory>
 #include <unordered_map>
@@ -77,6 +80,9 @@ public:
     ElementFamily HorS{"HorS", &dispatchPtr_};
     ElementFamily VerSIndic{"VerSIndic", &dispatchPtr_, false};
     ElementFamily HorSIndic{"HorSIndic", &dispatchPtr_, false};
+    // The outline of a selection rectangle on the background, and the one inside a container.
+    ElementFamily SelectRect{"SelectRect", &dispatchPtr_, false};
+    ElementFamily SelectedRectGroup{"SelectedRectGroup", &dispatchPtr_, false};
     // The last members ShowGrid loaded, so that HideGrid can take them away again.
     int GridLinesV = 0;
     int GridLinesH = 0;
@@ -207,6 +213,36 @@ public:
     // click are not the start of a drag.
     bool DblClickLabelDelay = false;
 
+    // --- containers: moving, sizing by the rim, the selection rectangle, undo ---
+    // A rim drag is under way: the handle under the pointer ("TL", "R", ...), the object's screen
+    // rectangle in pixels at the press, the ghost outline now drawn, the pointer at the press in twips.
+    bool ResizeActive = false;
+    QString ResizeHandle;
+    QRect ResizeRect;
+    QRect ResizeGhost;
+    float ResizeStartX = 0;
+    float ResizeStartY = 0;
+    // Draws (or, drawn a second time, erases) an outline over the whole screen, in screen pixels; set
+    // by the view, null when headless.
+    std::function<void(const QRect&)> onDrawGhostRect;
+    // Where a rectangle drag started, in the twips of the background or of the container pressed.
+    int16_t RectPressX = 0;
+    int16_t RectPressY = 0;
+    // The last ten container presses (where each container stood), oldest first.
+    struct UndoMoveEntry {
+        int32_t Left = 0;
+        int32_t Top = 0;
+        int16_t Index = 0;
+    };
+    std::array<UndoMoveEntry, 11> UndoMoves{};
+    int16_t UndoCount = 0;
+    // The in-program drag of an element to another owner: the element carried and where the pointer
+    // holds it, in the element's own twips. The view moves an outline with the pointer and, at the
+    // release, calls the drop routine of the owner under the pointer.
+    Element* DragSource = nullptr;
+    float DragGripX = 0;
+    float DragGripY = 0;
+
     // --- shortcuts: selection, press and drag ---
     // The selected shortcuts, newest first (a new entry goes before the first).
     std::vector<int16_t> SelectedLinks;
@@ -252,6 +288,8 @@ public:
     Timer TimerDisableMouseMove{clock, QStringLiteral("TimerDisableMouseMove"), 500};
     Timer TimerDblClickLabelDelay{clock, QStringLiteral("TimerDblClickLabelDelay"), 100};
     Timer TimerResizePic{clock, QStringLiteral("TimerResizePic"), 300};
+    // Hides the padlock of a locked workspace.
+    Timer TimeLock{clock, QStringLiteral("TimeLock"), 1700};
 
     // Plays one of the program's sounds ("fold.wav") without waiting for it.
     void playSound(const QString& name);

@@ -3,6 +3,7 @@
 #include "app/elements/Element.h"
 #include "platform/qt/AddUrlDialog.h"
 #include "platform/qt/HttpClient.h"
+#include "platform/qt/InputForm.h"
 #include "platform/qt/Launcher.h"
 #include "platform/qt/ProgramIcon.h"
 #include "platform/qt/X11HotKey.h"
@@ -17,7 +18,6 @@
 #include <QSoundEffect>
 #include <QFontMetrics>
 #include <QImageReader>
-#include <QInputDialog>
 #include <QLocalServer>
 #include <QLocalSocket>
 #include <QLockFile>
@@ -85,12 +85,7 @@ QString QtPlatform::chooseFolder(const QString& prompt) {
     return QFileDialog::getExistingDirectory(nullptr, prompt, QDir::homePath());
 }
 
-QString QtPlatform::inputText(const QString& prompt, const QString& title, const QString& preset) {
-    bool ok = false;
-    const QString text = QInputDialog::getText(nullptr, title.isEmpty() ? QStringLiteral("Perchdock") : title, prompt,
-                                               QLineEdit::Normal, preset, &ok, Qt::WindowStaysOnTopHint);
-    return ok ? (text.isNull() ? QStringLiteral("") : text) : QString();
-}
+void QtPlatform::showInputForm(FrmInput& form) { ShowInputForm(form); }
 
 void QtPlatform::addUrlDialog(const std::function<void(const QString&)>& onAdd) {
     AddUrlDialog dialog(onAdd);

@@ -31,7 +31,8 @@ public:
     int messageBox(const QString& text, int style, const QString& title) override;
     QString chooseOpenFile(const QString& title, const QString& filterName, const QString& pattern) override;
     QString chooseFolder(const QString& prompt) override;
-    QString inputText(const QString& prompt, const QString& title, const QString& preset) override;
+    // frmInput as a small modal dialog (platform/qt/InputForm).
+    void showInputForm(FrmInput& form) override;
     void addUrlDialog(const std::function<void(const QString&)>& onAdd) override;
     float twipsPerPixelX() const override;
     float twipsPerPixelY() const override;
