@@ -2,6 +2,7 @@
 
 #include "app/workspace/Workspace.h"
 #include "view/ElementWidget.h"
+#include "view/Tooltips.h"
 
 #include <cmath>
 
@@ -49,7 +50,7 @@ void ElementView::applyAll(Element& e) {
         ew->reloadPicture();
         ew->setCornerRadius(e.CornerRadius);
     }
-    w->setToolTip(e.ToolTipText.get());
+    w->setToolTip(PrepareTip(e.ToolTipText.get()));
     w->setEnabled(e.Enabled);
     if (auto* ew = qobject_cast<ElementWidget*>(w)) ew->mirror(Prop::Text);
     w->setAccessibleName(e.Caption.get());
@@ -126,10 +127,8 @@ void ElementView::elementChanged(Element& e, Prop p) {
         break;
     case Prop::Enabled: w->setEnabled(e.Enabled); break;
     case Prop::ToolTipText: {
-        // Texts keep CR LF line breaks; a tooltip breaks at LF alone.
-        QString tip = e.ToolTipText.get();
-        tip.remove(QLatin1Char('\r'));
-        w->setToolTip(tip);
+        // Texts keep CR LF line breaks; the tip shows them as lines, at most 400 pixels wide.
+        w->setToolTip(PrepareTip(e.ToolTipText.get()));
         break;
     }
     case Prop::Picture:
