@@ -13,6 +13,8 @@
 #include "view/ElementWidget.h"
 #include "view/MainView.h"
 #include "view/MenuView.h"
+#include "view/ToolbarWindow.h"
+#include "window/FloatingToolbar.h"
 #include "view/GhostFrame.h"
 #include "containers/Selection.h"
 #include "window/WindowServices.h"
@@ -54,6 +56,10 @@ int RunProgram(int argc, char** argv) {
     platform.setTrayMenu(menus.menu(QStringLiteral("mnuTray")));
 
     platform.registerWindow(QStringLiteral("frmMain"), &mainWindow);
+    // The floating toolbar's window follows its state.
+    ToolbarWindow toolbarWindow(ws, platform.programDirectory());
+    platform.registerWindow(QStringLiteral("frmToolbar"), &toolbarWindow);
+    Toolbar(ws).onChanged = [&toolbarWindow] { toolbarWindow.sync(); };
     // The main window's elements are drawn on its canvas, which a docked window shows in part.
     ElementView view(ws, {{&ws.frmMain(0), mainWindow.canvas()}, {&ws.splash.frmSplash(0), &splash}});
     view.onWindowChanged = [&](Element& e, Prop p) {

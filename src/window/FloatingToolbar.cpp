@@ -42,7 +42,7 @@ FloatingToolbar::FloatingToolbar(Clock& clock)
 
 QString ToolbarTipText(int n) { return n >= 0 && n < kToolbarIcons ? QString::fromUtf8(kIcons[n].tip) : QString(); }
 const char* ToolbarCommand(int n) { return n >= 0 && n < kToolbarIcons ? kIcons[n].command : ""; }
-QString ToolbarIconFile(int n) { return QStringLiteral("Skin/Toolbar/floating%1.png").arg(n); }
+QString ToolbarIconFile(int n) { return QStringLiteral("Skin/Toolbar/floating%1.gif").arg(n); }
 
 FloatingToolbar& Toolbar(Workspace& ws) {
     if (!ws.FloatingToolbarState) {

@@ -50,7 +50,7 @@ inline constexpr int kToolbarIcons = 11;
 // The tip text and the menu command of icon n.
 QString ToolbarTipText(int n);
 const char* ToolbarCommand(int n);
-// The file of icon n's image, beside the program: "Skin/Toolbar/floating<n>.png".
+// The file of icon n's image, beside the program: "Skin/Toolbar/floating<n>.gif".
 QString ToolbarIconFile(int n);
 
 // The toolbar of the workspace, made at its first use.
