@@ -29,7 +29,8 @@ ToolbarWindow::ToolbarWindow(Workspace& ws, const QString& programDirectory)
     setAttribute(Qt::WA_QuitOnClose, false);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
-    for (int n = 0; n < kToolbarIcons; ++n) icons_.emplace_back(QDir(programDirectory).filePath(ToolbarIconFile(n)));
+    for (int n = 0; n < kToolbarIcons; ++n)
+        icons_.emplace_back(QDir(programDirectory).filePath(ToolbarIconFile(n)));
     setToolTip(QString());
 }
 
@@ -39,9 +40,13 @@ int ToolbarWindow::iconAt(const QPoint& p) const {
     return n < kToolbarIcons ? n : -1;
 }
 
-bool ToolbarWindow::onCloseMark(const QPoint& p) const { return p.y() >= kIconRow && p.x() >= width() - kCloseWidth; }
+bool ToolbarWindow::onCloseMark(const QPoint& p) const {
+    return p.y() >= kIconRow && p.x() >= width() - kCloseWidth;
+}
 
-bool ToolbarWindow::onGrip(const QPoint& p) const { return p.y() >= kIconRow && !onCloseMark(p); }
+bool ToolbarWindow::onGrip(const QPoint& p) const {
+    return p.y() >= kIconRow && !onCloseMark(p);
+}
 
 void ToolbarWindow::sync() {
     FloatingToolbar& tb = Toolbar(ws_);
@@ -51,7 +56,8 @@ void ToolbarWindow::sync() {
     }
     const float tx = ws_.TwipsPerPixelX(), ty = ws_.TwipsPerPixelY();
     const QRect r(static_cast<int>(std::lround(tb.Left / tx)), static_cast<int>(std::lround(tb.Top / ty)),
-                  static_cast<int>(std::lround(tb.Width / tx)), static_cast<int>(std::lround(tb.Height / ty)));
+                  static_cast<int>(std::lround(tb.Width / tx)),
+                  static_cast<int>(std::lround(tb.Height / ty)));
     if (geometry() != r && !(windowHandle() && isVisible() && pos() == r.topLeft() && size() == r.size())) {
         placed_.start();
         setGeometry(r);
@@ -87,11 +93,13 @@ void ToolbarWindow::mouseMoveEvent(QMouseEvent* ev) {
     const QPoint at = ev->position().toPoint();
     const int n = iconAt(at);
     if (n >= 0 && n != Toolbar(ws_).SelectedIcon) ImgToolbar_MouseMove(ws_, n);
-    if (onGrip(at)) setToolTip(QStringLiteral("Drag to Keep Open"));
+    if (onGrip(at))
+        setToolTip(QStringLiteral("Drag to Keep Open"));
     else if (onCloseMark(at))
         setToolTip(QStringLiteral(
             "Stop showing the Floating Toolbar (to hide it for now, move the mouse or click the workspace)"));
-    else setToolTip(QString());
+    else
+        setToolTip(QString());
 }
 
 void ToolbarWindow::mousePressEvent(QMouseEvent* ev) {
@@ -119,7 +127,8 @@ void ToolbarWindow::mouseReleaseEvent(QMouseEvent* ev) {
 void ToolbarWindow::moveEvent(QMoveEvent*) {
     // A move that the program did not ask for is the user's drag.
     if (!isVisible() || (placed_.isValid() && placed_.elapsed() < 300)) return;
-    ToolbarMoved(ws_, static_cast<float>(x()) * ws_.TwipsPerPixelX(), static_cast<float>(y()) * ws_.TwipsPerPixelY());
+    ToolbarMoved(ws_, static_cast<float>(x()) * ws_.TwipsPerPixelX(),
+                 static_cast<float>(y()) * ws_.TwipsPerPixelY());
 }
 
 void ToolbarWindow::keyPressEvent(QKeyEvent* ev) {

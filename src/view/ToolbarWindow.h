@@ -16,7 +16,7 @@ class Workspace;
 
 class ToolbarWindow : public QWidget {
     Q_OBJECT
-public:
+  public:
     ToolbarWindow(Workspace& ws, const QString& programDirectory);
     // Follows the toolbar's state.
     void sync();
@@ -27,7 +27,7 @@ public:
     bool onGrip(const QPoint& p) const;
     bool onCloseMark(const QPoint& p) const;
 
-protected:
+  protected:
     void paintEvent(QPaintEvent*) override;
     void mouseMoveEvent(QMouseEvent* ev) override;
     void mousePressEvent(QMouseEvent* ev) override;
@@ -35,7 +35,7 @@ protected:
     void moveEvent(QMoveEvent* ev) override;
     void keyPressEvent(QKeyEvent* ev) override;
 
-private:
+  private:
     Workspace& ws_;
     std::vector<QPixmap> icons_;
     int pressedIcon_ = -1;

@@ -7,7 +7,9 @@
 
 namespace pd {
 
-QFont TipFont() { return QApplication::font("QStatusBar"); }
+QFont TipFont() {
+    return QApplication::font("QStatusBar");
+}
 
 QString TipMarkup(const QString& text, const QFont& font, int maxWidth) {
     QString plain = text;
@@ -16,7 +18,8 @@ QString TipMarkup(const QString& text, const QFont& font, int maxWidth) {
     const QFontMetrics fm(font);
     const QStringList lines = plain.split(QLatin1Char('\n'));
     int widest = 0;
-    for (const QString& line : lines) widest = std::max(widest, fm.horizontalAdvance(line));
+    for (const QString& line : lines)
+        widest = std::max(widest, fm.horizontalAdvance(line));
     if (widest <= maxWidth) return plain;
     // A table of fixed width makes Qt's rich-text tip wrap its lines at that width.
     QString body;
@@ -24,8 +27,8 @@ QString TipMarkup(const QString& text, const QFont& font, int maxWidth) {
         if (i) body += QStringLiteral("<br>");
         body += lines[i].toHtmlEscaped();
     }
-    return QStringLiteral("<table width=\"%1\" cellspacing=\"0\" cellpadding=\"0\"><tr><td>").arg(maxWidth) + body +
-           QStringLiteral("</td></tr></table>");
+    return QStringLiteral("<table width=\"%1\" cellspacing=\"0\" cellpadding=\"0\"><tr><td>").arg(maxWidth) +
+           body + QStringLiteral("</td></tr></table>");
 }
 
 QString PrepareTip(const QString& text) {

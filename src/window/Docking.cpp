@@ -26,21 +26,35 @@ constexpr float kSlideStep = 500;
 // The slide stops once no more than this is left on the screen.
 constexpr float kSlideEnd = 100;
 
-Element& Win(Workspace& ws) { return ws.frmMain(0); }
-float ScreenW(Workspace& ws) { return ws.platform.screenWidth(); }
-float ScreenH(Workspace& ws) { return ws.platform.screenHeight(); }
+Element& Win(Workspace& ws) {
+    return ws.frmMain(0);
+}
+float ScreenW(Workspace& ws) {
+    return ws.platform.screenWidth();
+}
+float ScreenH(Workspace& ws) {
+    return ws.platform.screenHeight();
+}
 
 // The strip takes its colour from the window's own background, which shows as the frame around picBack.
-void ShowStrip(Workspace& ws) { Win(ws).BackColor = ws.DockingColor; }
+void ShowStrip(Workspace& ws) {
+    Win(ws).BackColor = ws.DockingColor;
+}
 
-void ToTop(Workspace& ws) { SetOnTop(ws, kMain, true, false); }
+void ToTop(Workspace& ws) {
+    SetOnTop(ws, kMain, true, false);
+}
 
 // A docked position at the left or top: Strip - size for either strip width.
-bool AtStrip(float pos, float size) { return pos == kWide - size || pos == kNarrow - size; }
+bool AtStrip(float pos, float size) {
+    return pos == kWide - size || pos == kNarrow - size;
+}
 
 } // namespace
 
-float DockStrip(Workspace& ws) { return ws.menus["mnuWideDockingBorder"].Checked() ? kWide : kNarrow; }
+float DockStrip(Workspace& ws) {
+    return ws.menus["mnuWideDockingBorder"].Checked() ? kWide : kNarrow;
+}
 
 bool IsDocked(Workspace& ws) {
     Element& w = Win(ws);
@@ -141,7 +155,8 @@ void TimerSlide_Timer(Workspace& ws) {
             finished = true;
         }
         break;
-    default: break;
+    default:
+        break;
     }
     if (!finished) return;
     ToTop(ws);
@@ -175,10 +190,17 @@ void DockNow(Workspace& ws) {
     HideJumpTo(ws);
     Element& w = Win(ws);
     switch (ws.DockSide) {
-    case 1: w.Left = DockStrip(ws) - w.Width; break;
-    case 2: w.Left = ScreenW(ws) - DockStrip(ws); break;
-    case 3: w.Top = DockStrip(ws) - w.Height; break;
-    default: break;
+    case 1:
+        w.Left = DockStrip(ws) - w.Width;
+        break;
+    case 2:
+        w.Left = ScreenW(ws) - DockStrip(ws);
+        break;
+    case 3:
+        w.Top = DockStrip(ws) - w.Height;
+        break;
+    default:
+        break;
     }
     ToTop(ws);
     ShrinkBackContainer(ws);
@@ -194,7 +216,9 @@ QString ClockCaption(Workspace& ws) {
            QLocale(QLocale::English).toString(now.time(), QStringLiteral("hh:mm AP"));
 }
 
-void UpdateCaption(Workspace& ws) { ws.lblCaption(0).Caption = ClockCaption(ws); }
+void UpdateCaption(Workspace& ws) {
+    ws.lblCaption(0).Caption = ClockCaption(ws);
+}
 
 void TimerHide_Timer(Workspace& ws) {
     if (ws.RemindersPresent && ws.onAlarmCheck) ws.onAlarmCheck();
@@ -224,7 +248,8 @@ void SetOnTop(Workspace& ws, const QString& window, bool onTop, bool internal) {
     // Only a non-internal removal gets here: a window that has just lost its place buries no other.
     if (!internal) {
         const std::vector<QString> keep = list;
-        for (const QString& other : keep) SetOnTop(ws, other, true, true);
+        for (const QString& other : keep)
+            SetOnTop(ws, other, true, true);
     }
 }
 
@@ -232,8 +257,10 @@ void PostLaunch(Workspace& ws, bool launched) {
     const bool before = ws.menus["mnuCollapseBefore"].Checked();
     // Either before the start or after it, never both.
     if (before == launched) return;
-    if (Win(ws).WindowState == 2) SetOnTop(ws, kMain, false, true);
-    else DockMe(ws, false);
+    if (Win(ws).WindowState == 2)
+        SetOnTop(ws, kMain, false, true);
+    else
+        DockMe(ws, false);
     // The window manager gives the started program's window the focus: nothing to hand on here.
 }
 
@@ -252,8 +279,10 @@ void DockMouseMove(Workspace& ws) {
     // A maximised window is never docked.
     if (Win(ws).WindowState == 2) return;
     if (!IsDocked(ws)) return;
-    if (ws.menus["mnuUndockImmediately"].Checked()) ws.TimerShow.setEnabled(true);
-    else if (!ws.TimerSlide.Enabled()) Undock(ws);
+    if (ws.menus["mnuUndockImmediately"].Checked())
+        ws.TimerShow.setEnabled(true);
+    else if (!ws.TimerSlide.Enabled())
+        Undock(ws);
 }
 
 void DockMouseDown(Workspace& ws) {
@@ -283,7 +312,8 @@ void DeclareDockMenus(Menus& m) {
     m.add("mnuDockRight", "&Right", "mnuDock");
     m.add("mnuDockNow", "&Collapse Now (Esc)", "mnuDock");
     m.add("mnuSepDock", "-", "mnuDock");
-    for (const char* name : {"mnuCollapseBefore", "mnuUndockImmediately", "mnuAnimateDock", "mnuWideDockingBorder"})
+    for (const char* name :
+         {"mnuCollapseBefore", "mnuUndockImmediately", "mnuAnimateDock", "mnuWideDockingBorder"})
         m.share(name, "mnuDock");
 }
 
@@ -295,9 +325,12 @@ void WireDocking(Workspace& ws) {
     auto side = [w](int dockSide) {
         CenterWindow(*w);
         Element& win = Win(*w);
-        if (dockSide == 3) win.Top = -kOverhang;
-        else if (dockSide == 1) win.Left = -kOverhang;
-        else win.Left = ScreenW(*w) - win.Width + 100;
+        if (dockSide == 3)
+            win.Top = -kOverhang;
+        else if (dockSide == 1)
+            win.Left = -kOverhang;
+        else
+            win.Left = ScreenW(*w) - win.Width + 100;
         w->DockSide = static_cast<int16_t>(dockSide);
         SaveDesktop(*w, true, false);
     };

@@ -37,12 +37,19 @@ const Icon kIcons[kToolbarIcons] = {
 } // namespace
 
 FloatingToolbar::FloatingToolbar(Clock& clock)
-    : TimerFadeIn(clock, QStringLiteral("TimerFadeIn"), 10), TimerFadeOut(clock, QStringLiteral("TimerFadeOut"), 10),
+    : TimerFadeIn(clock, QStringLiteral("TimerFadeIn"), 10),
+      TimerFadeOut(clock, QStringLiteral("TimerFadeOut"), 10),
       TimerHideToolbar(clock, QStringLiteral("TimerHideToolbar"), 50) {}
 
-QString ToolbarTipText(int n) { return n >= 0 && n < kToolbarIcons ? QString::fromUtf8(kIcons[n].tip) : QString(); }
-const char* ToolbarCommand(int n) { return n >= 0 && n < kToolbarIcons ? kIcons[n].command : ""; }
-QString ToolbarIconFile(int n) { return QStringLiteral("Skin/Toolbar/floating%1.gif").arg(n); }
+QString ToolbarTipText(int n) {
+    return n >= 0 && n < kToolbarIcons ? QString::fromUtf8(kIcons[n].tip) : QString();
+}
+const char* ToolbarCommand(int n) {
+    return n >= 0 && n < kToolbarIcons ? kIcons[n].command : "";
+}
+QString ToolbarIconFile(int n) {
+    return QStringLiteral("Skin/Toolbar/floating%1.gif").arg(n);
+}
 
 FloatingToolbar& Toolbar(Workspace& ws) {
     if (!ws.FloatingToolbarState) {
@@ -144,8 +151,10 @@ void TimerHideToolbar_Timer(Workspace& ws) {
     const long x0 = std::lround(tb.Left / tx), y0 = std::lround(tb.Top / ty);
     const long x1 = x0 + std::lround(tb.Width / tx), y1 = y0 + std::lround(tb.Height / ty);
     if (p.x() >= x0 && p.x() <= x1 && p.y() >= y0 && p.y() <= y1) return;
-    if (tb.Left == ws.ToolbarLeft && tb.Top == ws.ToolbarTop) tb.TimerFadeOut.setEnabled(true);
-    else ws.ToolbarVisible = true;
+    if (tb.Left == ws.ToolbarLeft && tb.Top == ws.ToolbarTop)
+        tb.TimerFadeOut.setEnabled(true);
+    else
+        ws.ToolbarVisible = true;
 }
 
 void ImgToolbar_MouseMove(Workspace& ws, int n) {
@@ -180,7 +189,8 @@ void ToolbarMoved(Workspace& ws, float left, float top) {
 void ToolbarCloseMark_Click(Workspace& ws) {
     ws.menus["mnuAddNewToolbar"].setChecked(false);
     ws.platform.messageBox(
-        QStringLiteral("To show again: Right Click Menu >> Settings >> Global Settings >> Show Floating Toolbar"),
+        QStringLiteral(
+            "To show again: Right Click Menu >> Settings >> Global Settings >> Show Floating Toolbar"),
         MsgStyle::InformationBox, QStringLiteral("Floating Toolbar"));
     UnloadToolbar(ws);
 }

@@ -36,8 +36,9 @@ void RestartSetting(Workspace& ws, const char* name) {
     EnableDisableTimerHide(ws, false);
     MenuEntry& m = ws.menus[QString::fromLatin1(name)];
     m.setChecked(!m.Checked());
-    ws.platform.messageBox(QStringLiteral("You will need to restart the program for this setting to take effect"),
-                           MsgStyle::OkOnly);
+    ws.platform.messageBox(
+        QStringLiteral("You will need to restart the program for this setting to take effect"),
+        MsgStyle::OkOnly);
     EnableDisableTimerHide(ws, true);
     SaveDesktop(ws, true, false);
 }
@@ -47,29 +48,47 @@ void RestartSetting(Workspace& ws, const char* name) {
 bool Form_KeyDown(Workspace& ws, int KeyCode, int Shift) {
     if (Shift == 2) {
         switch (KeyCode) {
-        case 'S': return Run(ws, "mnuRSSSearch");
-        case 'E': return Run(ws, "mnuAddRSS");
-        case 'W': return Run(ws, "mnuAddLink");
-        case 'F': return Run(ws, "mnuAddFileLink");
-        case 'D': return Run(ws, "mnuAddFolderLink");
-        case 'P': return Run(ws, "mnuAddPicture");
-        case 'V': return Run(ws, "mnuPaste");
-        case 'A': return Run(ws, "mnuSelectAll");
-        case 'R': return Run(ws, "mnuAddReminder");
-        case 'U': return Run(ws, "mnuUnselectAll");
-        case 'C': return Run(ws, "mnuNew");
-        case 'L': return Run(ws, "mnuLock");
-        case 'Z': return Run(ws, "mnuUndoMove");
-        case kKeyF1: return Run(ws, "mnuShrinkAll");
-        case kKeyF1 + 1: return Run(ws, "mnuFoldAll");
-        case 'N': return Run(ws, "mnuNewNote");
-        default: return false;
+        case 'S':
+            return Run(ws, "mnuRSSSearch");
+        case 'E':
+            return Run(ws, "mnuAddRSS");
+        case 'W':
+            return Run(ws, "mnuAddLink");
+        case 'F':
+            return Run(ws, "mnuAddFileLink");
+        case 'D':
+            return Run(ws, "mnuAddFolderLink");
+        case 'P':
+            return Run(ws, "mnuAddPicture");
+        case 'V':
+            return Run(ws, "mnuPaste");
+        case 'A':
+            return Run(ws, "mnuSelectAll");
+        case 'R':
+            return Run(ws, "mnuAddReminder");
+        case 'U':
+            return Run(ws, "mnuUnselectAll");
+        case 'C':
+            return Run(ws, "mnuNew");
+        case 'L':
+            return Run(ws, "mnuLock");
+        case 'Z':
+            return Run(ws, "mnuUndoMove");
+        case kKeyF1:
+            return Run(ws, "mnuShrinkAll");
+        case kKeyF1 + 1:
+            return Run(ws, "mnuFoldAll");
+        case 'N':
+            return Run(ws, "mnuNewNote");
+        default:
+            return false;
         }
     }
     if (Shift == 4) return KeyCode == kKeyF1 + 3 && Run(ws, "mnuExitMainWin");
     if (Shift == 1) return false;
     switch (KeyCode) {
-    case kKeyF1: return Run(ws, "mnuTips");
+    case kKeyF1:
+        return Run(ws, "mnuTips");
     case kKeyF1 + 1:
         if (!SelectedLinkShown(ws, false)) return false;
         HideJumpTo(ws);
@@ -77,11 +96,18 @@ bool Form_KeyDown(Workspace& ws, int KeyCode, int Shift) {
     case kKeyF1 + 3:
         HideJumpTo(ws);
         return Run(ws, "mnuProperties");
-    case kKeyF1 + 4: RefreshLinks(ws); return true;
-    case kKeyF1 + 7: return Run(ws, "mnuSave");
-    case kKeyF1 + 8: mnuTranslucent_Click(ws); return true;
-    case kKeyF1 + 10: return Run(ws, "mnuRSSRefreshAll");
-    case kKeyF1 + 11: return Run(ws, "mnuRSSViewer");
+    case kKeyF1 + 4:
+        RefreshLinks(ws);
+        return true;
+    case kKeyF1 + 7:
+        return Run(ws, "mnuSave");
+    case kKeyF1 + 8:
+        mnuTranslucent_Click(ws);
+        return true;
+    case kKeyF1 + 10:
+        return Run(ws, "mnuRSSRefreshAll");
+    case kKeyF1 + 11:
+        return Run(ws, "mnuRSSViewer");
     case kKeyEnter:
         HideJumpTo(ws);
         if (SelectedLinkShown(ws, true)) LaunchSelectedLink(ws);
@@ -90,14 +116,17 @@ bool Form_KeyDown(Workspace& ws, int KeyCode, int Shift) {
         if (SelectedLinkShown(ws, true)) mnuDeleteSelected_Click(ws);
         return true;
     case kKeyEscape:
-        if (ws.JumpToOpen) HideJumpTo(ws);
-        else if (!ws.ShapeMovingIcon(0).Visible) DockNow(ws);
+        if (ws.JumpToOpen)
+            HideJumpTo(ws);
+        else if (!ws.ShapeMovingIcon(0).Visible)
+            DockNow(ws);
         return true;
     case kKeySpace:
         if (ws.JumpToOpen) return false;
         StepToNextContainer(ws);
         return true;
-    default: return false;
+    default:
+        return false;
     }
 }
 
@@ -127,7 +156,9 @@ bool ToggleWorkspace(Workspace& ws) {
     return true;
 }
 
-void FlushMouseEvents(Workspace& ws) { ws.platform.flushMouseEvents(); }
+void FlushMouseEvents(Workspace& ws) {
+    ws.platform.flushMouseEvents();
+}
 
 void WireWindowServices(Workspace& ws) {
     Workspace* w = &ws;

@@ -13,7 +13,9 @@
 using namespace pd;
 using namespace pd::test;
 
-void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+void PrintTo(const QString& s, std::ostream* os) {
+    *os << '"' << s.toStdString() << '"';
+}
 
 namespace {
 
@@ -391,7 +393,8 @@ TEST_F(Docking, SetOnTopKeepsTheListAndRestoresItAfterARemoval) {
     SetOnTop(ws(), QStringLiteral("frmToolbar"), true, false);
     SetOnTop(ws(), QStringLiteral("frmToolbar"), true, false); // tolerated
     SetOnTop(ws(), QStringLiteral("frmMain"), true, false);
-    EXPECT_EQ(ws().TopmostWindows, (std::vector<QString>{QStringLiteral("frmToolbar"), QStringLiteral("frmMain")}));
+    EXPECT_EQ(ws().TopmostWindows,
+              (std::vector<QString>{QStringLiteral("frmToolbar"), QStringLiteral("frmMain")}));
     // The main window comes up without taking the focus; others may.
     EXPECT_FALSE(t.platform.onTopCalls[0].noActivate);
     EXPECT_TRUE(t.platform.onTopCalls[2].noActivate);

@@ -11,7 +11,9 @@
 using namespace pd;
 using namespace pd::test;
 
-void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+void PrintTo(const QString& s, std::ostream* os) {
+    *os << '"' << s.toStdString() << '"';
+}
 
 namespace {
 
@@ -136,7 +138,8 @@ TEST_F(ToolbarTest, TheCloseMarkTurnsTheSettingOffAndSaysHowToGetItBack) {
     EXPECT_FALSE(ws().menus["mnuAddNewToolbar"].Checked());
     ASSERT_EQ(t.platform.messages.size(), 1u);
     EXPECT_EQ(t.platform.messages[0].text,
-              QStringLiteral("To show again: Right Click Menu >> Settings >> Global Settings >> Show Floating Toolbar"));
+              QStringLiteral(
+                  "To show again: Right Click Menu >> Settings >> Global Settings >> Show Floating Toolbar"));
     EXPECT_EQ(t.platform.messages[0].style, 4160);
     EXPECT_EQ(t.platform.messages[0].title, QStringLiteral("Floating Toolbar"));
     EXPECT_FALSE(tb().Loaded);

@@ -11,7 +11,9 @@
 using namespace pd;
 using namespace pd::test;
 
-void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+void PrintTo(const QString& s, std::ostream* os) {
+    *os << '"' << s.toStdString() << '"';
+}
 
 namespace {
 
@@ -35,9 +37,9 @@ class WindowServices : public ::testing::Test {
 
 TEST_F(WindowServices, CtrlKeysRunTheirCommands) {
     const std::pair<int, const char*> table[] = {
-        {'W', "mnuAddLink"},   {'F', "mnuAddFileLink"}, {'D', "mnuAddFolderLink"}, {'A', "mnuSelectAll"},
-        {'U', "mnuUnselectAll"}, {'C', "mnuNew"},        {'N', "mnuNewNote"},       {112, "mnuShrinkAll"},
-        {113, "mnuFoldAll"},   {'L', "mnuLock"},        {'E', "mnuAddRSS"},        {'P', "mnuAddPicture"},
+        {'W', "mnuAddLink"},     {'F', "mnuAddFileLink"}, {'D', "mnuAddFolderLink"}, {'A', "mnuSelectAll"},
+        {'U', "mnuUnselectAll"}, {'C', "mnuNew"},         {'N', "mnuNewNote"},       {112, "mnuShrinkAll"},
+        {113, "mnuFoldAll"},     {'L', "mnuLock"},        {'E', "mnuAddRSS"},        {'P', "mnuAddPicture"},
     };
     for (const auto& [key, name] : table) {
         int& n = Count(name);
@@ -103,7 +105,8 @@ TEST_F(WindowServices, TheHotKeyHidesTheWindowInFrontAndBringsItBackOtherwise) {
 }
 
 TEST_F(WindowServices, TheTrayMenuHidesAndTheTrayClickShows) {
-    EXPECT_EQ(ws().menus["mnuHideWorkspace"].Caption(), QStringLiteral("Hide Perchdock (Click icon to show)"));
+    EXPECT_EQ(ws().menus["mnuHideWorkspace"].Caption(),
+              QStringLiteral("Hide Perchdock (Click icon to show)"));
     EXPECT_EQ(ws().menus["mnuExitApp"].Caption(), QStringLiteral("Exit"));
     const auto& tray = ws().menus["mnuTray"].children();
     ASSERT_EQ(tray.size(), 2u);

@@ -85,16 +85,19 @@ TEST(SlideFrames, ASlideAcrossA1920PixelScreen) {
     EXPECT_EQ(win.BackColor, ws.DockingColor);
 
     std::vector<double> gaps;
-    for (size_t i = 1; i < frameAt.size(); ++i) gaps.push_back(static_cast<double>(frameAt[i] - frameAt[i - 1]) / 1e6);
-    const double meanGap = gaps.empty() ? 0 : std::accumulate(gaps.begin(), gaps.end(), 0.0) / static_cast<double>(gaps.size());
+    for (size_t i = 1; i < frameAt.size(); ++i)
+        gaps.push_back(static_cast<double>(frameAt[i] - frameAt[i - 1]) / 1e6);
+    const double meanGap =
+        gaps.empty() ? 0 : std::accumulate(gaps.begin(), gaps.end(), 0.0) / static_cast<double>(gaps.size());
     const double maxGap = gaps.empty() ? 0 : *std::max_element(gaps.begin(), gaps.end());
-    const double meanCost = static_cast<double>(std::accumulate(frameCost.begin(), frameCost.end(), qint64{0})) /
-                            static_cast<double>(std::max<size_t>(1, frameCost.size())) / 1e6;
+    const double meanCost =
+        static_cast<double>(std::accumulate(frameCost.begin(), frameCost.end(), qint64{0})) /
+        static_cast<double>(std::max<size_t>(1, frameCost.size())) / 1e6;
     const double maxCost = static_cast<double>(*std::max_element(frameCost.begin(), frameCost.end())) / 1e6;
     std::printf("slide of a 1920-pixel window on %s: %zu frames in %.1f ms; gap between frames mean %.2f ms, "
                 "max %.2f ms; cost of a frame mean %.2f ms, max %.2f ms\n",
-                qPrintable(QGuiApplication::platformName()), frameAt.size(), static_cast<double>(end - start) / 1e6,
-                meanGap, maxGap, meanCost, maxCost);
+                qPrintable(QGuiApplication::platformName()), frameAt.size(),
+                static_cast<double>(end - start) / 1e6, meanGap, maxGap, meanCost, maxCost);
 }
 
 } // namespace

@@ -34,7 +34,8 @@ TEST(Tooltips, TwoLinesStayTwoLinesAsWideAsTheLongest) {
 TEST(Tooltips, ALineWiderThan400PixelsWraps) {
     const QFont font = TipFont();
     QString longLine;
-    while (QFontMetrics(font).horizontalAdvance(longLine) <= 800) longLine += QStringLiteral("word <b> ");
+    while (QFontMetrics(font).horizontalAdvance(longLine) <= 800)
+        longLine += QStringLiteral("word <b> ");
     const QString tip = TipMarkup(QStringLiteral("first\r\n") + longLine, font);
     ASSERT_TRUE(Qt::mightBeRichText(tip));
     EXPECT_TRUE(tip.contains(QStringLiteral("width=\"400\"")));

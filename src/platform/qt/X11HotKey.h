@@ -10,7 +10,7 @@
 namespace pd {
 
 class X11HotKey : public QAbstractNativeEventFilter {
-public:
+  public:
     explicit X11HotKey(std::function<void()> onPress);
     ~X11HotKey() override;
     X11HotKey(const X11HotKey&) = delete;
@@ -21,7 +21,7 @@ public:
 
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 
-private:
+  private:
     void release();
 
     std::function<void()> onPress_;
