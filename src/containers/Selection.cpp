@@ -8,6 +8,7 @@
 #include "containers/TitleMouse.h"
 #include "shortcuts/LinkLayout.h"
 #include "shortcuts/LinkSelection.h"
+#include "window/FloatingToolbar.h"
 
 #include <cmath>
 
@@ -141,6 +142,8 @@ void picBack_MouseDown(Workspace& ws, int Button, int Shift, float X, float Y) {
     if (Button == kRightButton) return;
     ws.RectPressX = ToWord(X);
     ws.RectPressY = ToWord(Y);
+    // The floating toolbar opens at a release in this same place.
+    ToolbarBackPress(ws, X, Y);
 }
 
 void picBack_MouseMove(Workspace& ws, int Button, int Shift, float X, float Y) {
@@ -148,16 +151,18 @@ void picBack_MouseMove(Workspace& ws, int Button, int Shift, float X, float Y) {
 }
 
 void picBack_MouseUp(Workspace& ws, int Button, int Shift, float X, float Y) {
-    Q_UNUSED(X);
-    Q_UNUSED(Y);
     if (ws.SelectRect(0).Visible) {
         RectEnd(ws, ws.SelectRect(0), ws.picBack(0), Shift);
         return;
     }
     if (Button != kLeftButton || (Shift & (kShiftMask | kCtrlMask)) != 0) return;
+    // A click that only drops a selection does nothing more; otherwise it may bring up the toolbar.
+    bool hadSelection = !ws.SelectedLinks.empty();
+    for (int i = 0; i < ws.Group.Count() && !hadSelection; ++i)
+        hadSelection = IsContainerLive(ws, i) && ws.lblName(i).FontBold;
     UnselectAllLinks(ws, true);
     UnselectAllGroups(ws);
-    // The floating toolbar that a click on the background brings up comes with the toolbar itself.
+    if (!hadSelection) ToolbarBackRelease(ws, X, Y);
 }
 
 void grpBorder_MouseDown(Workspace& ws, int Button, int Shift, int i, float X, float Y) {

@@ -3,6 +3,7 @@
 // toolbar stays until the next click on the background; the close mark; keys act and close it.
 
 #include "app/MainWindow.h"
+#include "containers/Selection.h"
 #include "support/TestWorkspace.h"
 #include "window/FloatingToolbar.h"
 
@@ -153,6 +154,37 @@ TEST_F(ToolbarTest, AKeyActsAsOnTheWindowAndClosesAtOnce) {
     EXPECT_EQ(saves, 1);
     EXPECT_FALSE(tb().Loaded);
     EXPECT_FALSE(tb().TimerFadeOut.Enabled());
+}
+
+// --- through the background's own handlers ---
+
+TEST_F(ToolbarTest, TheBackgroundsClickInPlaceOpensItAndADragDoesNot) {
+    picBack_MouseDown(ws(), 1, 0, 2000, 1000);
+    picBack_MouseUp(ws(), 1, 0, 2000, 1000);
+    EXPECT_TRUE(tb().Loaded);
+    UnloadToolbar(ws());
+    // A press that moved by a twip draws the selection rectangle instead.
+    picBack_MouseDown(ws(), 1, 0, 2000, 1000);
+    picBack_MouseMove(ws(), 1, 0, 2001, 1000);
+    picBack_MouseUp(ws(), 1, 0, 2001, 1000);
+    EXPECT_FALSE(tb().Loaded);
+    // With Ctrl nothing opens.
+    picBack_MouseDown(ws(), 1, 2, 2000, 1000);
+    picBack_MouseUp(ws(), 1, 2, 2000, 1000);
+    EXPECT_FALSE(tb().Loaded);
+}
+
+TEST_F(ToolbarTest, AClickThatOnlyDropsASelectionOpensNothing) {
+    const int c = t.newContainerAt(3000, 3000);
+    ws().lblName(c).FontBold = true;
+    picBack_MouseDown(ws(), 1, 0, 2000, 1000);
+    picBack_MouseUp(ws(), 1, 0, 2000, 1000);
+    EXPECT_FALSE(ws().lblName(c).FontBold);
+    EXPECT_FALSE(tb().Loaded);
+    // The next click opens it.
+    picBack_MouseDown(ws(), 1, 0, 2000, 1000);
+    picBack_MouseUp(ws(), 1, 0, 2000, 1000);
+    EXPECT_TRUE(tb().Loaded);
 }
 
 } // namespace
