@@ -7,6 +7,7 @@
 
 #include "app/WorkspaceFile.h"
 #include "app/workspace/Workspace.h"
+#include "containers/Moving.h"
 #include "containers/Containers.h"
 #include "shortcuts/LinkLayout.h"
 #include "shortcuts/LinkSelection.h"
@@ -147,7 +148,8 @@ void LinkDragMove(Workspace& ws, int Shift, int n, float X, float Y) {
     HideLinkToolbar(ws);
     ws.MouseDownLink = -1;
     if (ws.menus["mnuLock"].Checked()) {
-        // The editing lock shows its hint here.
+        // Locked: the padlock beside the shortcut says why nothing moves.
+        ShowLockedSign(ws, ws.Link(n));
         return;
     }
     // While a tag filter runs the shown shortcuts stay where they are.
@@ -186,8 +188,8 @@ void EndLinkDrag(Workspace& ws, int Shift, int n) {
     ws.LinkLine(0).Visible = false;
     ShowAllIcons(ws);
     if (ws.menus["mnuLock"].Checked()) {
-        // The editing lock shows its hint here.
         ws.ShapeIconFiller(0).Visible = false;
+        if (IsLinkLive(ws, n)) ShowLockedSign(ws, ws.Link(n));
         return;
     }
     if (ws.FrameLinkGroup(0).Visible || !IsLinkLive(ws, n)) {

@@ -4,6 +4,7 @@
 #include "shortcuts/LinkSelection.h"
 
 #include "app/workspace/Workspace.h"
+#include "containers/Moving.h"
 #include "containers/Containers.h"
 #include "shortcuts/LinkLayout.h"
 #include "shortcuts/Shortcuts.h"
@@ -128,7 +129,9 @@ void mnuLinkSelect_Click(Workspace& ws) {
 void ShowLinkToolbar(Workspace& ws, Element& Owner) {
     if (ws.SelectedLinks.empty()) return;
     if (ws.menus["mnuLock"].Checked()) {
-        // The editing lock shows its hint over TopMostSelected here.
+        // Locked: the padlock over the highest selected shortcut instead of the toolbar.
+        const int top = TopMostSelected(ws);
+        if (top >= 0) ShowLockedSign(ws, ws.Link(top));
         return;
     }
     const int n = TopMostSelected(ws);

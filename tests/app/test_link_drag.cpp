@@ -107,6 +107,10 @@ TEST_F(LinkDrag, NothingMovesUnderTheLockOrATagFilter) {
     DragBy(a, 300, 150);
     EXPECT_EQ(Label(a).Left.get(), 1000.0f);
     EXPECT_FALSE(IsLinkSelected(ws(), a));
+    // The padlock says why: beside the label, 300 twips in.
+    EXPECT_TRUE(ws().ImgLock(0).Visible.get());
+    EXPECT_EQ(ws().ImgLock(0).Left.get(), 1300.0f);
+    EXPECT_EQ(ws().ImgLock(0).Top.get(), 1300.0f);
 }
 
 TEST_F(LinkDrag, WithCtrlTheSelectionOfTheOwnerMovesAlong) {

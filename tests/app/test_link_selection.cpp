@@ -252,6 +252,7 @@ TEST_F(LinkSelection, TheToolbarNeedsASelectionAndNoLock) {
     ws().menus["mnuLock"].setChecked(true);
     ShowLinkToolbar(ws(), ws().picBack(0));
     EXPECT_FALSE(Bar().Visible.get());
+    EXPECT_TRUE(ws().ImgLock(0).Visible.get()) << "the padlock instead of the toolbar";
     ws().menus["mnuLock"].setChecked(false);
     ShowLinkToolbar(ws(), ws().picBack(0));
     EXPECT_TRUE(Bar().Visible.get());
