@@ -2,6 +2,7 @@
 
 #include "app/WorkspaceFile.h"
 #include "app/workspace/Workspace.h"
+#include "shortcuts/LinkLayout.h"
 #include "containers/Containers.h"
 #include "containers/Folding.h"
 #include "containers/Selection.h"
@@ -67,6 +68,20 @@ float GridCoordinate(float v) { return static_cast<float>(std::nearbyint(static_
 
 float ParentWidth(const Element& e) { return e.Container() ? e.Container()->Width.get() : 0.0f; }
 float ParentHeight(const Element& e) { return e.Container() ? e.Container()->Height.get() : 0.0f; }
+
+bool IsLink(const Element& e) { return e.family() != nullptr && e.Name() == QLatin1String("Link"); }
+
+// Every live shortcut's icon shows again (a drag over the background may have hidden some).
+void ShowIconsOfLiveLinks(Workspace& ws) {
+    for (int k = 0; k < ws.LinkCount; ++k)
+        if (IsLinkLive(ws, k) && ws.Link(k).Visible) IconBox(ws, k).Visible = true;
+}
+
+// A shortcut dropped in a new owner: its icon follows, and a selection it belongs to stacks under it.
+void SettleDroppedLink(Workspace& ws, int n) {
+    MoveLinkIcon(ws, n);
+    ArrangeSelectedLinks(ws, n, true);
+}
 
 void FinishDrag(Workspace& ws, Element& source) {
     source.ZOrder(0);
@@ -391,6 +406,10 @@ void picBack_DragDrop(Workspace& ws, float X, float Y) {
     if (!source) return;
     source->setContainer(&ws.picBack(0));
     source->Move(X - ws.DragGripX, Y - ws.DragGripY);
+    if (IsLink(*source)) {
+        ShowIconsOfLiveLinks(ws);
+        SettleDroppedLink(ws, source->Index());
+    }
     FinishDrag(ws, *source);
 }
 
@@ -412,8 +431,17 @@ void grpBorder_DragDrop(Workspace& ws, int i, float X, float Y) {
     } else {
         source->setContainer(&ws.grpBorder(i));
         source->Move(X - ws.DragGripX, Y - ws.DragGripY);
+        if (IsLink(*source)) SettleDroppedLink(ws, source->Index());
     }
     FinishDrag(ws, *source);
+}
+
+void StartLinkDrag(Workspace& ws, int n) {
+    if (!ws.Link.exists(n)) return;
+    // The label is carried by the point where it was pressed.
+    ws.DragSource = &ws.Link(n);
+    ws.DragGripX = ws.MouseDownX;
+    ws.DragGripY = ws.MouseDownY;
 }
 
 void CancelDrag(Workspace& ws) {

@@ -59,6 +59,8 @@ void StartContainerDrag(Workspace& ws, int i);
 // picBack or of grpBorder(i). A drop with nothing carried does nothing.
 void picBack_DragDrop(Workspace& ws, float X, float Y);
 void grpBorder_DragDrop(Workspace& ws, int i, float X, float Y);
+// The in-program drag of shortcut n to another owner starts: its label is carried.
+void StartLinkDrag(Workspace& ws, int n);
 // The carried element was let go over nothing that takes it: it stays, inside its parent.
 void CancelDrag(Workspace& ws);
 

@@ -3,6 +3,7 @@
 
 #include "app/WorkspaceFile.h"
 #include "app/workspace/Workspace.h"
+#include "containers/Moving.h"
 #include "shortcuts/Launch.h"
 #include "shortcuts/LinkLayout.h"
 #include "shortcuts/LinkSelection.h"
@@ -79,6 +80,8 @@ void WireShortcutCommands(Workspace& ws) {
     ws.menus["mnuSmallIcons"].onClick = [w] { ZoomLinksOut(*w); };
     ws.menus["mnuSizeLink"].onClick = [w] { SetLinksSize(*w); };
     ws.menus["mnuStartAll"].onClick = [w] { mnuStartAll_Click(*w); };
+    // A shortcut dragged out of its owner is carried to the owner it is dropped on.
+    ws.onStartLinkDrag = [w](int n) { StartLinkDrag(*w, n); };
 }
 
 const char* LinkContextMenu(Workspace& ws, int n) {

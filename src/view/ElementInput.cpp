@@ -10,6 +10,7 @@
 #include "containers/Shrinking.h"
 #include "containers/TitleMouse.h"
 #include "desk/Notes.h"
+#include "shortcuts/Launch.h"
 #include "shortcuts/LinkMouse.h"
 #include "shortcuts/LinkSelection.h"
 #include "shortcuts/Shortcuts.h"
@@ -129,6 +130,13 @@ void DropCarried(InputContext& ctx, const QMouseEvent& ev) {
         if (!ew) continue;
         const Element& e = ew->element();
         const QString& name = e.Name();
+        if (name == QLatin1String("Link") && source->Name() == QLatin1String("Link")) {
+            // A shortcut dropped on another: open the dragged one's target with the other's program.
+            const int s = source->Index();
+            ws.DragSource = nullptr;
+            OpenLinkWithLink(ws, s, e.Index());
+            return;
+        }
         if (name == QLatin1String("picBack")) {
             const QPoint local = p->mapFromGlobal(global);
             picBack_DragDrop(ws, static_cast<float>(local.x()) * tx, static_cast<float>(local.y()) * ty);
@@ -172,11 +180,21 @@ void WireLink(InputContext& ctx, ElementWidget& w, int n) {
         if (ev.button() == Qt::RightButton) Popup(ctx, QString::fromLatin1(LinkContextMenu(ctx.ws, n)), ev);
     };
     w.onMove = [&ctx, n](ElementWidget&, QMouseEvent& ev) {
+        // Once the label left its owner it is carried: the outline follows the pointer.
+        if (ctx.ws.DragSource) {
+            CarryMove(ctx, ev);
+            return;
+        }
         const QPointF at = ToTwips(ctx.ws, ev);
         const int held = (ev.buttons() & Qt::LeftButton) ? 1 : (ev.buttons() & Qt::RightButton) ? 2 : 0;
         Link_MouseMove(ctx.ws, held, Shift(ev), n, static_cast<float>(at.x()), static_cast<float>(at.y()));
+        if (ctx.ws.DragSource) CarryMove(ctx, ev);
     };
     w.onRelease = [&ctx, n](ElementWidget&, QMouseEvent& ev) {
+        if (ctx.ws.DragSource) {
+            DropCarried(ctx, ev);
+            return;
+        }
         const QPointF at = ToTwips(ctx.ws, ev);
         Link_MouseUp(ctx.ws, Button(ev), Shift(ev), n, static_cast<float>(at.x()), static_cast<float>(at.y()));
     };

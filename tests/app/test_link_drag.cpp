@@ -4,11 +4,14 @@
 
 #include "app/workspace/Workspace.h"
 #include "containers/Containers.h"
+#include "containers/Moving.h"
 #include "shortcuts/LinkDrag.h"
 #include "shortcuts/LinkLayout.h"
 #include "shortcuts/LinkSelection.h"
 #include "shortcuts/Shortcuts.h"
 #include "support/TestWorkspace.h"
+
+#include <QDir>
 
 #include <gtest/gtest.h>
 
@@ -302,4 +305,35 @@ TEST_F(LinkDrag, OnTheBackgroundALabelWhollyOverAContainerLeaves) {
     EXPECT_EQ(Label(a).Left.get(), 500.0f);
     EXPECT_EQ(Label(a).Top.get(), 500.0f);
     (void)c;
+}
+
+TEST_F(LinkDrag, ACarriedShortcutLandsInTheOwnerItIsDroppedOn) {
+    // The program's own hook: the label is carried by its press point.
+    WireShortcutCommands(ws());
+    const int c = t.newContainerAt(600, 600);
+    const int d = t.newContainerAt(5000, 600);
+    const int a = Add(QStringLiteral("a.txt"), ws().grpBorder(c), 500, 400);
+    Press(a, 60, 30);
+    DragBy(a, -900, 10);
+    ASSERT_EQ(ws().DragSource, &Label(a));
+    grpBorder_DragDrop(ws(), d, 1000, 800);
+    EXPECT_EQ(ws().DragSource, nullptr);
+    EXPECT_EQ(Label(a).Container(), &ws().grpBorder(d));
+    EXPECT_EQ(Label(a).Left.get(), 940.0f);
+    EXPECT_EQ(Label(a).Top.get(), 770.0f);
+    EXPECT_EQ(Icon(a).Container(), &ws().grpBorder(d)) << "the icon follows its label";
+    EXPECT_EQ(Icon(a).Left.get(), 940.0f - 240 - 50);
+    EXPECT_EQ(ws().SelectedContainer, d);
+    EXPECT_EQ(t.platform.sounds.back(), QDir(t.programDir()).filePath(QStringLiteral("container_mouseup.wav")));
+
+    // Out again, onto the background.
+    Press(a, 60, 30);
+    DragBy(a, -2000, 10);
+    ASSERT_EQ(ws().DragSource, &Label(a));
+    picBack_DragDrop(ws(), 3000, 4000);
+    EXPECT_EQ(Label(a).Container(), &ws().picBack(0));
+    EXPECT_EQ(Label(a).Left.get(), 2940.0f);
+    EXPECT_EQ(Label(a).Top.get(), 3970.0f);
+    EXPECT_EQ(Icon(a).Container(), &ws().picBack(0));
+    EXPECT_TRUE(t.readData(QStringLiteral("Perchdock.REC")).contains("a.txt")) << "saved";
 }
