@@ -85,6 +85,11 @@ void WireShortcutCommands(Workspace& ws) {
 }
 
 const char* LinkContextMenu(Workspace& ws, int n) {
+    // Locked: the padlock beside the shortcut instead of its menu.
+    if (ws.menus["mnuLock"].Checked()) {
+        if (ws.Link.exists(n)) ShowLockedSign(ws, ws.Link(n));
+        return "";
+    }
     ws.SelectedLink = static_cast<int16_t>(n);
     ws.ContextIsContainer = false;
     ws.menus["mnuDeleteContainer"].setVisible(false);

@@ -397,3 +397,17 @@ TEST_F(LinkItems, AMissingTargetShowsTheNoIconPictureAndAContainerBoxTakesItsCol
     EXPECT_EQ(ws().PicIcon(0).BackColor.get(), 0x123456);
     EXPECT_EQ(ws().PicIcon(0).BackStyle.get(), 1);
 }
+
+TEST_F(LinkItems, AShortcutsMenuOffersItsDeleteAndALockedOneThePadlock) {
+    AddShortcut(ws(), QStringLiteral("/data/a"), ws().picBack(0));
+    ws().Link(0).Move(1000, 2000);
+    EXPECT_STREQ(LinkContextMenu(ws(), 0), "mnuLink");
+    EXPECT_TRUE(ws().menus["mnuLinkDelete"].Visible());
+    EXPECT_FALSE(ws().menus["mnuDeleteContainer"].Visible());
+    EXPECT_FALSE(ws().menus["mnuStartAll"].Visible());
+    EXPECT_FALSE(ws().ContextIsContainer);
+    ws().menus["mnuLock"].setChecked(true);
+    EXPECT_STREQ(LinkContextMenu(ws(), 0), "");
+    EXPECT_TRUE(ws().ImgLock(0).Visible.get());
+    EXPECT_EQ(ws().ImgLock(0).Left.get(), 1300.0f);
+}
