@@ -10,6 +10,8 @@
 #include "platform/qt/SignalBridge.h"
 #include "view/ElementInput.h"
 #include "view/ElementView.h"
+#include "window/FeedTooltip.h"
+#include "view/FeedTooltipWindow.h"
 #include "view/ElementWidget.h"
 #include "view/MainView.h"
 #include "view/MenuView.h"
@@ -60,6 +62,10 @@ int RunProgram(int argc, char** argv) {
     ToolbarWindow toolbarWindow(ws, platform.programDirectory());
     platform.registerWindow(QStringLiteral("frmToolbar"), &toolbarWindow);
     Toolbar(ws).onChanged = [&toolbarWindow] { toolbarWindow.sync(); };
+    // The tip window of feed headlines, shown when the headline panel loads the tip.
+    FeedTooltipWindow tipWindow(HeadlineTip(ws), ws.TwipsPerPixelX(), ws.TwipsPerPixelY());
+    platform.registerWindow(QStringLiteral("frmTooltip"), &tipWindow);
+    HeadlineTip(ws).onChanged = [&tipWindow] { tipWindow.sync(); };
     // The main window's elements are drawn on its canvas, which a docked window shows in part.
     ElementView view(ws, {{&ws.frmMain(0), mainWindow.canvas()}, {&ws.splash.frmSplash(0), &splash}});
     view.onWindowChanged = [&](Element& e, Prop p) {

@@ -16,6 +16,11 @@ FeedTooltip::FeedTooltip(Workspace& w)
     TimerHide.onTimer = [this] { FeedTooltip_TimerHide(*this); };
 }
 
+FeedTooltip& HeadlineTip(Workspace& ws) {
+    if (!ws.FeedTooltipState) ws.FeedTooltipState = std::make_shared<FeedTooltip>(ws);
+    return *ws.FeedTooltipState;
+}
+
 void ShowFeedTooltip(FeedTooltip& tip, const QString& text, float left, float top) {
     if (!tip.Loaded) {
         tip.Loaded = true;

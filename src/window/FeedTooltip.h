@@ -35,6 +35,9 @@ struct FeedTooltip {
     std::function<void()> onChanged;
 };
 
+// The workspace's headline tip, made at its first use.
+FeedTooltip& HeadlineTip(Workspace& ws);
+
 // Loads the tip with a headline's text at a place on the screen.
 void ShowFeedTooltip(FeedTooltip& tip, const QString& text, float left, float top);
 void UnloadFeedTooltip(FeedTooltip& tip);

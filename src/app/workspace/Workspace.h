@@ -20,6 +20,7 @@
 namespace pd {
 
 struct FloatingToolbar;
+struct FeedTooltip;
 
 // The splash window's elements; it also serves as the About box.
 struct SplashForm {
@@ -277,6 +278,8 @@ public:
     int16_t BackPressY = -1;
     // The toolbar window's state (window/FloatingToolbar.h), made at its first use.
     std::shared_ptr<FloatingToolbar> FloatingToolbarState;
+    // The tip window of feed headlines, made at its first use (window/FeedTooltip.h).
+    std::shared_ptr<FeedTooltip> FeedTooltipState;
 
     // --- timers ---
     Timer TimerHide{clock, QStringLiteral("TimerHide"), 1000};
