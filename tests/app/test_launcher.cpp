@@ -173,7 +173,7 @@ TEST_F(Launcher, AProgramWithoutThePermissionToRunIsRefused) {
 
 TEST_F(Launcher, AnExecutableTheSystemCannotRunIsInvalid) {
     // Execute bit, but neither an image nor a script with an interpreter line.
-    WriteFile(path("junk"), QByteArray("\x01\x02\x03 not a program", 20));
+    WriteFile(path("junk"), QByteArray("\x01\x02\x03 not a program"));
     QFile(path("junk")).setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     EXPECT_EQ(LaunchTarget(path("junk"), QString(), QString()), 11);
 }
