@@ -256,6 +256,8 @@ void WireElementInput(InputContext& ctx, ElementWidget& w) {
         };
     } else if (name == QLatin1String("grpBorder")) {
         w.onMove = [&ws, i](ElementWidget&, QMouseEvent& ev) {
+            // A container seen through the docked strip undocks the window like the background does.
+            DockMouseMove(ws);
             const QPointF at = ToTwips(ws, ev);
             grpBorder_MouseMove(ws, Held(ev), Shift(ev), i, Tx(at), Ty(at));
         };
@@ -264,6 +266,7 @@ void WireElementInput(InputContext& ctx, ElementWidget& w) {
             grpBorder_MouseUp(ws, Button(ev), Shift(ev), i, Tx(at), Ty(at));
         };
         w.onPress = [&ctx, i](ElementWidget&, QMouseEvent& ev) {
+            DockMouseDown(ctx.ws);
             if (ev.button() != Qt::RightButton) {
                 const QPointF at = ToTwips(ctx.ws, ev);
                 grpBorder_MouseDown(ctx.ws, Button(ev), Shift(ev), i, Tx(at), Ty(at));
