@@ -21,6 +21,11 @@ namespace pd {
 
 struct FloatingToolbar;
 struct FeedTooltip;
+struct DeskState;
+struct FeedsState;
+struct FindState;
+struct ThemeState;
+struct ShellState;
 
 // The splash window's elements; it also serves as the About box.
 struct SplashForm {
@@ -280,6 +285,18 @@ public:
     std::shared_ptr<FloatingToolbar> FloatingToolbarState;
     // The tip window of feed headlines, made at its first use (window/FeedTooltip.h).
     std::shared_ptr<FeedTooltip> FeedTooltipState;
+
+    // --- the state of later subsystems, each made at its first use by its own accessor ---
+    // Notes, the editing lock, pictures and reminders (desk/DeskState.h).
+    std::shared_ptr<DeskState> DeskStateSlot;
+    // Feed containers, the headline panels, the viewer and the search (feeds/FeedsState.h).
+    std::shared_ptr<FeedsState> FeedsStateSlot;
+    // Tags, type-to-find and shortcut properties (shortcuts/FindState.h).
+    std::shared_ptr<FindState> FindStateSlot;
+    // Themes, colour schemes and the display properties (themes/ThemeState.h).
+    std::shared_ptr<ThemeState> ThemeStateSlot;
+    // File operations, drag and drop, the clipboard and folder links (shell/ShellState.h).
+    std::shared_ptr<ShellState> ShellStateSlot;
 
     // --- timers ---
     Timer TimerHide{clock, QStringLiteral("TimerHide"), 1000};
