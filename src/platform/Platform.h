@@ -90,6 +90,18 @@ public:
     // open for more when "Keep Open" is checked). Returns when the dialog has closed.
     virtual void addUrlDialog(const std::function<void(const QString&)>& onAdd) = 0;
 
+    // The desktop's colour chooser, opened on `initial` (0x00BBGGRR). Returns the chosen colour in the same
+    // form, or -1 when the user cancelled.
+    virtual int32_t chooseColor(int32_t initial) = 0;
+
+    // The desktop's font chooser, opened on `name` at `pointSize`. Returns false when the user cancelled;
+    // otherwise `name` and `pointSize` hold the choice.
+    virtual bool chooseFont(QString& name, int& pointSize) = 0;
+
+    // --- the clipboard (plain text) ---
+    virtual QString clipboardText() const = 0;
+    virtual void setClipboardText(const QString& text) = 0;
+
     // --- the screen and the pointer ---
     // Twips per pixel: 1440 / the screen's logical DPI (15 at 96 DPI).
     virtual float twipsPerPixelX() const = 0;

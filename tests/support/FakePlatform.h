@@ -100,6 +100,32 @@ public:
         urlDialogAnswers.pop_front();
         for (const QString& a : list) onAdd(a);
     }
+    // Answers for the coming colour choosers, in order (-1 cancels); with none left the chooser is
+    // cancelled. Each opening records the colour it started on.
+    std::deque<int32_t> colorAnswers;
+    std::vector<int32_t> colorDialogs;
+    int32_t chooseColor(int32_t initial) override {
+        colorDialogs.push_back(initial);
+        if (colorAnswers.empty()) return -1;
+        const int32_t a = colorAnswers.front();
+        colorAnswers.pop_front();
+        return a;
+    }
+    // Answers for the coming font choosers (name, size), in order; with none left it is cancelled.
+    std::deque<std::pair<QString, int>> fontAnswers;
+    std::vector<std::pair<QString, int>> fontDialogs;
+    bool chooseFont(QString& name, int& pointSize) override {
+        fontDialogs.emplace_back(name, pointSize);
+        if (fontAnswers.empty()) return false;
+        name = fontAnswers.front().first;
+        pointSize = fontAnswers.front().second;
+        fontAnswers.pop_front();
+        return true;
+    }
+    // The clipboard's plain text.
+    QString clipboard;
+    QString clipboardText() const override { return clipboard; }
+    void setClipboardText(const QString& text) override { clipboard = text; }
     float twipsPerPixelX() const override { return 15; }
     float twipsPerPixelY() const override { return 15; }
     float screenWidth() const override { return screenW; }

@@ -9,6 +9,9 @@
 #include "platform/qt/X11HotKey.h"
 
 #include <QApplication>
+#include <QClipboard>
+#include <QColorDialog>
+#include <QFontDialog>
 #include <QCryptographicHash>
 #include <QCursor>
 #include <QDesktopServices>
@@ -91,6 +94,28 @@ void QtPlatform::addUrlDialog(const std::function<void(const QString&)>& onAdd) 
     AddUrlDialog dialog(onAdd);
     dialog.exec();
 }
+
+int32_t QtPlatform::chooseColor(int32_t initial) {
+    // Colours travel as 0x00BBGGRR.
+    const QColor start(initial & 0xFF, (initial >> 8) & 0xFF, (initial >> 16) & 0xFF);
+    const QColor c = QColorDialog::getColor(start, QApplication::activeWindow());
+    if (!c.isValid()) return -1;
+    return c.red() | (c.green() << 8) | (c.blue() << 16);
+}
+
+bool QtPlatform::chooseFont(QString& name, int& pointSize) {
+    bool ok = false;
+    const QFont f = QFontDialog::getFont(&ok, QFont(name, pointSize > 0 ? pointSize : 10),
+                                         QApplication::activeWindow());
+    if (!ok) return false;
+    name = f.family();
+    pointSize = f.pointSize() > 0 ? f.pointSize() : pointSize;
+    return true;
+}
+
+QString QtPlatform::clipboardText() const { return QGuiApplication::clipboard()->text(); }
+
+void QtPlatform::setClipboardText(const QString& text) { QGuiApplication::clipboard()->setText(text); }
 
 float QtPlatform::twipsPerPixelX() const {
     const qreal dpi = Screen() ? Screen()->logicalDotsPerInchX() : 96;

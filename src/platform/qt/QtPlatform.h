@@ -34,6 +34,10 @@ public:
     // frmInput as a small modal dialog (platform/qt/InputForm).
     void showInputForm(FrmInput& form) override;
     void addUrlDialog(const std::function<void(const QString&)>& onAdd) override;
+    int32_t chooseColor(int32_t initial) override;
+    bool chooseFont(QString& name, int& pointSize) override;
+    QString clipboardText() const override;
+    void setClipboardText(const QString& text) override;
     float twipsPerPixelX() const override;
     float twipsPerPixelY() const override;
     float screenWidth() const override;
