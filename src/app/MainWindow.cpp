@@ -5,6 +5,7 @@
 #include "app/WorkspaceFile.h"
 #include "app/workspace/Workspace.h"
 #include "containers/ContainerMenus.h"
+#include "desk/DeskState.h"
 #include "shortcuts/Shortcuts.h"
 #include "window/Docking.h"
 #include "window/ResizeForm.h"
@@ -110,6 +111,7 @@ void WireCoreCommands(Workspace& ws) {
     WireShortcutCommands(ws);
     WireDocking(ws);
     WireWindowServices(ws);
+    WireDeskCommands(ws);
     // A setting's entry flips its check mark and saves at once.
     for (const auto& m : ws.menus.all()) {
         if (!m->checkable() || m->onClick) continue;

@@ -1,6 +1,10 @@
 #include "desk/Pictures.h"
 
+#include "app/WorkspaceFile.h"
 #include "app/workspace/Workspace.h"
+#include "desk/DeskState.h"
+#include "desk/Reminders.h"
+#include "window/AutoHide.h"
 
 namespace pd {
 
@@ -72,6 +76,128 @@ void ToggleLock(Workspace& ws) {
         image.Height = frame.Height - 240;
         mark.setChecked(false);
     }
+}
+
+void OriginalSize(Workspace& ws, int j) {
+    if (!ws.picPlaceholder.exists(j) || j >= static_cast<int>(ws.DeskObjects.size())) return;
+    Element& frame = ws.picPlaceholder(j);
+    Element& image = ws.imgPicture(j);
+    const QSize natural = ws.platform.imageSize(ws.DeskObjects[j].PicPath);
+    if (!natural.isValid()) return;
+    image.Visible = false;
+    image.Width = natural.width() * ws.TwipsPerPixelX();
+    image.Height = natural.height() * ws.TwipsPerPixelY();
+    frame.Width = image.Width + 240;
+    frame.Height = image.Height + 240;
+    image.Visible = true;
+}
+
+void DeleteDeskObject(Workspace& ws, int index, bool update) {
+    if (!ws.picPlaceholder.exists(index)) return;
+    // The images go, so that their memory is returned.
+    ws.picPlaceholder(index).Picture = QString();
+    ws.picTemp(index).Picture = QString();
+    ws.imgPicture(index).Picture = QString();
+    ws.picPlaceholder(index).Visible = false;
+    ws.picTemp(index).Visible = false;
+    DeskState& d = Desk(ws);
+    if (d.Faces.erase(index) && d.onFaceChanged) d.onFaceChanged(index);
+    if (update) UpdateRemindersPresent(ws);
+}
+
+QString ChoosePictureFile(Workspace& ws) {
+    return ws.platform.chooseOpenFile(QStringLiteral("Add Picture"), QStringLiteral("Picture Files"),
+                                      QStringLiteral("*.jpg; *.gif"));
+}
+
+void mnuAddPicture_Click(Workspace& ws) {
+    EnableDisableTimerHide(ws, false);
+    const QString path = ChoosePictureFile(ws);
+    if (!path.isEmpty()) {
+        if (AddPicture(ws, path)) {
+            const int j = ws.DeskObjectCount - 1;
+            OriginalSize(ws, j);
+            PlacePicture(ws, ws.DropX, ws.DropY);
+            ws.SelectedDeskObject = static_cast<int16_t>(j);
+            ws.platform.flushMouseEvents();
+            SaveDesktop(ws, true, false);
+        } else {
+            ws.platform.messageBox(QString::fromLatin1(kUnableToLoadPicture), MsgStyle::ExclamationBox);
+        }
+    }
+    EnableDisableTimerHide(ws, true);
+}
+
+void mnuPicLock_Click(Workspace& ws) {
+    ToggleLock(ws);
+    SaveDesktop(ws, true, false);
+}
+
+void mnuPicOriginalSize_Click(Workspace& ws) {
+    OriginalSize(ws, ws.SelectedDeskObject);
+    SaveDesktop(ws, true, false);
+}
+
+void mnuPicFroward_Click(Workspace& ws) {
+    const int j = ws.SelectedDeskObject;
+    if (!ws.picPlaceholder.exists(j)) return;
+    ws.imgPicture(j).ZOrder(0);
+    ws.picTemp(j).ZOrder(0);
+    ws.picPlaceholder(j).ZOrder(0);
+}
+
+void mnuPicSendToBack_Click(Workspace& ws) {
+    const int j = ws.SelectedDeskObject;
+    if (!ws.picPlaceholder.exists(j)) return;
+    ws.imgPicture(j).ZOrder(1);
+    ws.picTemp(j).ZOrder(1);
+    ws.picPlaceholder(j).ZOrder(1);
+}
+
+void mnuPicReplace_Click(Workspace& ws) {
+    const int old = ws.SelectedDeskObject;
+    if (!ws.picPlaceholder.exists(old)) return;
+    EnableDisableTimerHide(ws, false);
+    const QString path = ChoosePictureFile(ws);
+    if (!path.isEmpty()) {
+        // The replacement is a new object in the old one's owner and place.
+        Element* owner = ws.picPlaceholder(old).Container();
+        if (AddPicture(ws, path)) {
+            const int j = ws.DeskObjectCount - 1;
+            if (owner) {
+                ws.picPlaceholder(j).setContainer(owner);
+                ws.picTemp(j).setContainer(owner);
+            }
+            const Element& oldFrame = ws.picPlaceholder(old);
+            ws.picPlaceholder(j).Width = oldFrame.Width.get();
+            ws.picPlaceholder(j).Height = oldFrame.Height.get();
+            PlacePicture(ws, oldFrame.Left, oldFrame.Top);
+            ws.imgPicture(j).Width = ws.imgPicture(old).Width.get();
+            ws.imgPicture(j).Height = ws.imgPicture(old).Height.get();
+            ws.picPlaceholder(old).Visible = false;
+            ws.picTemp(old).Visible = false;
+            ws.imgPicture(old).Visible = false;
+            ws.SelectedDeskObject = static_cast<int16_t>(j);
+        } else {
+            ws.platform.messageBox(QString::fromLatin1(kUnableToLoadPicture), MsgStyle::ExclamationBox);
+        }
+    }
+    EnableDisableTimerHide(ws, true);
+    SaveDesktop(ws, true, false);
+}
+
+void mnuPicDelete_Click(Workspace& ws) {
+    const int j = ws.SelectedDeskObject;
+    if (!ws.picPlaceholder.exists(j) || j >= static_cast<int>(ws.DeskObjects.size())) return;
+    if (ws.DeskObjects[j].IsReminder && ws.ConfirmDelete) {
+        EnableDisableTimerHide(ws, false);
+        const int answer = ws.platform.messageBox(QStringLiteral("Delete Reminder?"), MsgStyle::YesNoWarning,
+                                                  QStringLiteral("Delete"));
+        EnableDisableTimerHide(ws, true);
+        if (answer != MsgAnswer::Yes) return;
+    }
+    DeleteDeskObject(ws, j, true);
+    SaveDesktop(ws, true, false);
 }
 
 } // namespace pd

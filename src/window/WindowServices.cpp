@@ -3,6 +3,7 @@
 #include "app/WorkspaceFile.h"
 #include "app/workspace/Workspace.h"
 #include "containers/Folding.h"
+#include "desk/Notes.h"
 #include "shortcuts/Launch.h"
 #include "shortcuts/LinkLayout.h"
 #include "shortcuts/LinkMouse.h"
@@ -46,6 +47,12 @@ void RestartSetting(Workspace& ws, const char* name) {
 } // namespace
 
 bool Form_KeyDown(Workspace& ws, int KeyCode, int Shift) {
+    // While a note is being edited the keys are the note's: only Ctrl+A acts, on the note's text.
+    if (NoteHasFocus(ws)) {
+        if (Shift != 2 || KeyCode != 'A') return false;
+        NoteSelectAll(ws);
+        return true;
+    }
     if (Shift == 2) {
         switch (KeyCode) {
         case 'S':

@@ -39,6 +39,11 @@ void DeclareCoreMenus(Menus& menus) {
     menus.add("mnuAddLink", "New &Web Shortcut...", "mnuMain").setShortcut("Ctrl+W");
     menus.add("mnuAddFileLink", "New Fi&le Shortcut...", "mnuMain").setShortcut("Ctrl+F");
     menus.add("mnuAddFolderLink", "New Di&r Shortcut...", "mnuMain").setShortcut("Ctrl+D");
+    // Desk objects (desk/DeskState.cpp gives them their commands).
+    menus.add("mnuAddPicture", "New &Picture...", "mnuMain").setShortcut("Ctrl+P");
+    menus.add("mnuAddReminder", "New R&eminder...", "mnuMain").setShortcut("Ctrl+R");
+    menus.add("mnuReminders", "Re&minders", "mnuMain");
+    menus.add("mnuRemindersDelete", "&Clear Reminders", "mnuReminders");
     menus.add("mnuSepNew", "-", "mnuMain");
     menus.add("mnuFoldAll", "&Fold/Unfold All", "mnuMain").setShortcut("Ctrl+F2");
     menus.add("mnuShrinkAll", "S&hrink/Expand All", "mnuMain").setShortcut("Ctrl+F1");
