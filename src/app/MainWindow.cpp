@@ -10,6 +10,7 @@
 #include "window/Docking.h"
 #include "window/ResizeForm.h"
 #include "window/WindowServices.h"
+#include "themes/Properties.h"
 
 namespace pd {
 
@@ -111,6 +112,7 @@ void WireCoreCommands(Workspace& ws) {
     WireShortcutCommands(ws);
     WireDocking(ws);
     WireWindowServices(ws);
+    WireThemes(ws);
     WireDeskCommands(ws);
     // A setting's entry flips its check mark and saves at once.
     for (const auto& m : ws.menus.all()) {

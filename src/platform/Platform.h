@@ -97,6 +97,13 @@ public:
     // The desktop's font chooser, opened on `name` at `pointSize`. Returns false when the user cancelled;
     // otherwise `name` and `pointSize` hold the choice.
     virtual bool chooseFont(QString& name, int& pointSize) = 0;
+    // Themes: chooseOpenFile opening in `folder` (the wallpaper chooser); by default the folder is left
+    // to the chooser.
+    virtual QString chooseOpenFileIn(const QString& title, const QString& filterName, const QString& pattern,
+                                     const QString& folder) {
+        (void)folder;
+        return chooseOpenFile(title, filterName, pattern);
+    }
 
     // --- the clipboard (plain text) ---
     virtual QString clipboardText() const = 0;

@@ -122,6 +122,14 @@ public:
         fontAnswers.pop_front();
         return true;
     }
+    // Themes: the folder each file dialog with a folder opened in, in order; the answer comes from
+    // fileAnswers as for chooseOpenFile.
+    std::vector<QString> fileDialogFolders;
+    QString chooseOpenFileIn(const QString& title, const QString& filterName, const QString& pattern,
+                             const QString& folder) override {
+        fileDialogFolders.push_back(folder);
+        return chooseOpenFile(title, filterName, pattern);
+    }
     // The clipboard's plain text.
     QString clipboard;
     QString clipboardText() const override { return clipboard; }

@@ -113,6 +113,24 @@ bool QtPlatform::chooseFont(QString& name, int& pointSize) {
     return true;
 }
 
+QString QtPlatform::chooseOpenFileIn(const QString& title, const QString& filterName, const QString& pattern,
+                                     const QString& folder) {
+    // Themes: "*.jpg; *.bmp; *.gif" becomes "*.jpg *.JPG *.bmp ...", since names on Linux keep their case.
+    QStringList patterns;
+    for (QString p : pattern.split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
+        p = p.trimmed();
+        if (p.isEmpty()) continue;
+        p.replace(QLatin1String("*.*"), QLatin1String("*"));
+        patterns << p;
+        if (p.toUpper() != p) patterns << p.toUpper();
+    }
+    QString name = filterName;
+    if (name.contains(QLatin1Char('('))) name = name.left(name.indexOf(QLatin1Char('('))).trimmed();
+    name += QStringLiteral(" (") + patterns.join(QLatin1Char(' ')) + QLatin1Char(')');
+    const QString start = QDir(folder).exists() ? folder : QDir::homePath();
+    return QFileDialog::getOpenFileName(QApplication::activeWindow(), title, start, name);
+}
+
 QString QtPlatform::clipboardText() const { return QGuiApplication::clipboard()->text(); }
 
 void QtPlatform::setClipboardText(const QString& text) { QGuiApplication::clipboard()->setText(text); }

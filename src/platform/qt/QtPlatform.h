@@ -36,6 +36,8 @@ public:
     void addUrlDialog(const std::function<void(const QString&)>& onAdd) override;
     int32_t chooseColor(int32_t initial) override;
     bool chooseFont(QString& name, int& pointSize) override;
+    QString chooseOpenFileIn(const QString& title, const QString& filterName, const QString& pattern,
+                             const QString& folder) override;
     QString clipboardText() const override;
     void setClipboardText(const QString& text) override;
     float twipsPerPixelX() const override;
