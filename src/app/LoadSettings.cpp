@@ -158,6 +158,8 @@ void LoadSettings(Workspace& ws) {
     }
     ReadContainerFiles(ws);
     ApplyCollected(ws, st);
+    // Feeds set to load on startup are all refreshed, with the splash's status line showing each.
+    if (ws.menus["mnuRSSLoadOnStartup"].Checked()) ws.menus["mnuRSSRefreshAll"].Click();
 }
 
 } // namespace pd

@@ -5,6 +5,7 @@
 #include "app/WorkspaceFile.h"
 #include "app/workspace/Workspace.h"
 #include "containers/ContainerMenus.h"
+#include "feeds/FeedContainers.h"
 #include "desk/DeskState.h"
 #include "shortcuts/Shortcuts.h"
 #include "window/Docking.h"
@@ -112,6 +113,7 @@ void WireCoreCommands(Workspace& ws) {
     WireShortcutCommands(ws);
     WireDocking(ws);
     WireWindowServices(ws);
+    WireFeeds(ws);
     WireThemes(ws);
     WireDeskCommands(ws);
     // A setting's entry flips its check mark and saves at once.

@@ -25,7 +25,8 @@ void WriteWorkspace(Workspace& ws, TextWriter& out, SaveState& st) {
     if (first != none) out.pair(QStringLiteral("[RSS Search0]"), first);
     const int members = ws.menus.familyCount(QStringLiteral("mnuRSSSearchItem"));
     for (int n = 1; n <= 9; ++n) {
-        if (members <= n) break;
+        // A hidden member is a cleared one: the list ends before it.
+        if (members <= n || !ws.menus("mnuRSSSearchItem", n).Visible()) break;
         const QString caption =
             ws.menus.has(QStringLiteral("mnuRSSSearchItem"), n) ? ws.menus("mnuRSSSearchItem", n).Caption() : QString();
         out.pair(QStringLiteral("[RSS Search") + QString::number(n) + QLatin1Char(']'), caption);

@@ -8,6 +8,7 @@
 #include "containers/Containers.h"
 #include "containers/Folding.h"
 #include "containers/Shrinking.h"
+#include "feeds/FeedContainers.h"
 #include "themes/Buttons.h"
 #include "window/RelativeLayout.h"
 
@@ -148,18 +149,11 @@ void RestoreState(Workspace& ws, int n, const Restore& st) {
 
 // A feed container as far as the program knows feeds: a container that keeps its address, so that
 // the feed survives every save.
-void AddFeedContainer(Workspace& ws, const QString& address, const QString& title, int16_t parent) {
-    NewGroup(ws, parent);
-    const int n = ws.ContainerCount - 1;
-    if (n < 0) return;
-    ContainerRecord& r = ws.Containers[n];
-    r.IsFeed = true;
-    r.CopyPath = address;
-    r.FeedIndex = ws.RSSCount;
-    ws.LstRSS.Load(ws.RSSCount).setContainer(&ws.grpBorder(n));
-    ws.lblRSSLastUpdate.Load(ws.RSSCount).setContainer(&ws.grpBorder(n));
-    ++ws.RSSCount;
-    ws.lblName(n).Caption = title;
+bool AddFeedContainer(Workspace& ws, const QString& address, const QString& title, int16_t parent) {
+    QString url = address;
+    if (!AddRSS(ws, url, parent)) return false;
+    ws.lblName(ws.ContainerCount - 1).Caption = title;
+    return true;
 }
 
 int16_t ParentFrom(const QString& value) {
@@ -192,8 +186,8 @@ void ReadContainerFile(Workspace& ws, const QStringList& lines) {
                 const QString title = in.next().value_or(QString());
                 if (!ws.menus["mnuRSSLoadOnStartup"].Checked()) ws.showStatus(title + QStringLiteral("..."));
                 const QString parent = in.next().value_or(QStringLiteral("-1"));
-                AddFeedContainer(ws, address, title, ParentFrom(parent));
-                n = ws.ContainerCount - 1;
+                // An address that is not valid makes no container; the file's keys then have none.
+                if (AddFeedContainer(ws, address, title, ParentFrom(parent))) n = ws.ContainerCount - 1;
             }
         } else if (!made()) {
             continue; // a key before its container: nothing to apply it to

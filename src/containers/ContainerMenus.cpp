@@ -6,6 +6,7 @@
 #include "containers/Folding.h"
 #include "containers/Moving.h"
 #include "containers/Shrinking.h"
+#include "feeds/FeedContainers.h"
 
 namespace pd {
 
@@ -79,6 +80,7 @@ const char* ContainerBodyMenu(Workspace& ws, int i) {
     ws.menus["mnuStartAll"].setCaption(QStringLiteral("&Start All Shortcuts [") + QString::number(count) +
                                        QLatin1Char(']'));
     for (const char* name : {"mnuSepStartAll", "mnuStartAll"}) ws.menus[QString::fromLatin1(name)].setVisible(true);
+    SetFeedMenuEntries(ws, i);
     return "mnuLink";
 }
 

@@ -5,6 +5,7 @@
 #include "containers/Containers.h"
 #include "containers/Folding.h"
 #include "desk/Notes.h"
+#include "feeds/FeedContainers.h"
 #include "window/AutoHide.h"
 #include "window/RelativeLayout.h"
 
@@ -91,10 +92,7 @@ void Shrink(Workspace& ws, int i) {
 } // namespace
 
 QString FeedLastUpdateCaption(Workspace& ws, int i) {
-    Q_UNUSED(ws);
-    Q_UNUSED(i);
-    // Feeds keep no update time yet.
-    return QStringLiteral("Last Update: [not available]");
+    return FeedLastUpdateAge(ws, i);
 }
 
 void ToggleShrink(Workspace& ws, int i) {
