@@ -7,6 +7,7 @@
 #include "containers/ContainerMenus.h"
 #include "feeds/FeedContainers.h"
 #include "desk/DeskState.h"
+#include "shortcuts/FindCommands.h"
 #include "shortcuts/Shortcuts.h"
 #include "window/Docking.h"
 #include "window/ResizeForm.h"
@@ -113,6 +114,7 @@ void WireCoreCommands(Workspace& ws) {
     WireShortcutCommands(ws);
     WireDocking(ws);
     WireWindowServices(ws);
+    WireFindCommands(ws);
     WireFeeds(ws);
     WireThemes(ws);
     WireDeskCommands(ws);

@@ -2,6 +2,7 @@
 
 #include "app/workspace/Workspace.h"
 #include "shortcuts/CommandLine.h"
+#include "shortcuts/FindState.h"
 #include "shortcuts/LinkSelection.h"
 #include "window/AutoHide.h"
 #include "window/Docking.h"
@@ -196,7 +197,12 @@ void HideJumpTo(Workspace& ws) {
     if (!panel.Visible) return;
     ws.JumpToOpen = false;
     panel.Visible = false;
-    // The search field's list is emptied here too, once the panel has its search field.
+    ws.PicJumpToLinkTop(0).Visible = false;
+    // The search field's list goes; its text stays until the panel opens again.
+    FindState& f = Find(ws);
+    f.cboSearchList.clear();
+    f.ListIndex = -1;
+    f.changed();
 }
 
 } // namespace pd

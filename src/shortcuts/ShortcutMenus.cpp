@@ -4,10 +4,12 @@
 #include "app/WorkspaceFile.h"
 #include "app/workspace/Workspace.h"
 #include "containers/Moving.h"
+#include "shell/ShellState.h"
 #include "shortcuts/Launch.h"
 #include "shortcuts/LinkLayout.h"
 #include "shortcuts/LinkSelection.h"
 #include "shortcuts/Shortcuts.h"
+#include "shortcuts/Tags.h"
 #include "window/AutoHide.h"
 
 namespace pd {
@@ -94,14 +96,16 @@ const char* LinkContextMenu(Workspace& ws, int n) {
     ws.ContextIsContainer = false;
     ws.menus["mnuDeleteContainer"].setVisible(false);
     ws.menus["mnuLinkDelete"].setVisible(true);
-    // The shortcut's properties come with the properties dialog; until then the entry stays away.
+    // The same entry renames a container; on a shortcut it opens the shortcut's properties.
     ws.menus["mnuLinkEdit"].setCaption(QStringLiteral("&Properties"));
-    ws.menus["mnuLinkEdit"].setVisible(false);
+    ws.menus["mnuLinkEdit"].setVisible(true);
+    UpdateMarkCaption(ws);
     for (const char* name : {"mnuSepLinkLayout", "mnuAtoZ", "mnuZtoA", "mnuLargeIcons", "mnuSmallIcons", "mnuSizeLink"})
         ws.menus[QString::fromLatin1(name)].setVisible(true);
     for (const char* name : {"mnuSepStartAll", "mnuStartAll", "mnuSepSetContainer", "mnuSetContainerLeft",
                              "mnuSetContainerTop", "mnuSetContainerSize"})
         ws.menus[QString::fromLatin1(name)].setVisible(false);
+    ShellMenus(ws, -1, n);
     return "mnuLink";
 }
 

@@ -4,6 +4,8 @@
 #include "app/workspace/Workspace.h"
 #include "containers/Folding.h"
 #include "desk/Notes.h"
+#include "shortcuts/FindState.h"
+#include "shortcuts/JumpTo.h"
 #include "shortcuts/Launch.h"
 #include "shortcuts/LinkLayout.h"
 #include "shortcuts/LinkMouse.h"
@@ -99,6 +101,8 @@ bool Form_KeyDown(Workspace& ws, int KeyCode, int Shift) {
     case kKeyF1 + 1:
         if (!SelectedLinkShown(ws, false)) return false;
         HideJumpTo(ws);
+        // From the keyboard the entry is the shortcut's, whatever menu last renamed a container.
+        ws.menus["mnuLinkEdit"].setCaption(QStringLiteral("&Properties"));
         return Run(ws, "mnuLinkEdit");
     case kKeyF1 + 3:
         HideJumpTo(ws);
@@ -124,7 +128,7 @@ bool Form_KeyDown(Workspace& ws, int KeyCode, int Shift) {
         return true;
     case kKeyEscape:
         if (ws.JumpToOpen)
-            HideJumpTo(ws);
+            JumpToEscape(ws);
         else if (!ws.ShapeMovingIcon(0).Visible)
             DockNow(ws);
         return true;
@@ -133,7 +137,11 @@ bool Form_KeyDown(Workspace& ws, int KeyCode, int Shift) {
         StepToNextContainer(ws);
         return true;
     default:
-        return false;
+        // A letter or digit opens type-to-find with it.
+        if (!OpensJumpTo(ws, KeyCode, Shift)) return false;
+        Find(ws).cboSearchList.clear();
+        OpenJumpTo(ws, QString(QChar(KeyCode)));
+        return true;
     }
 }
 
