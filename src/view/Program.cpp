@@ -16,6 +16,9 @@
 #include "view/MainView.h"
 #include "view/MenuView.h"
 #include "view/ToolbarWindow.h"
+#include "view/PropertiesWindow.h"
+#include "view/ConColorsWindow.h"
+#include "view/FontFallbacks.h"
 #include "window/FloatingToolbar.h"
 #include "view/GhostFrame.h"
 #include "containers/Selection.h"
@@ -35,6 +38,8 @@ int RunProgram(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("Perchdock"));
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setWindowIcon(ProgramIcon());
+    // "Verdana" and "Tahoma", which the stored files name, drawn in a similar face when absent.
+    InstallFontFallbacks();
     const bool toggle = app.arguments().contains(QStringLiteral("--toggle"));
 
     QtPlatform platform;
@@ -66,6 +71,10 @@ int RunProgram(int argc, char** argv) {
     FeedTooltipWindow tipWindow(HeadlineTip(ws), ws.TwipsPerPixelX(), ws.TwipsPerPixelY());
     platform.registerWindow(QStringLiteral("frmTooltip"), &tipWindow);
     HeadlineTip(ws).onChanged = [&tipWindow] { tipWindow.sync(); };
+    // The Display Properties and Container Colors windows; the settings buttons open the main menus.
+    PropertiesWindow propertiesWindow(ws, [&menus](const QString& name) { return menus.menu(name); });
+    platform.registerWindow(QStringLiteral("frmProperties"), &propertiesWindow);
+    ConColorsWindow conColorsWindow(ws);
     // The main window's elements are drawn on its canvas, which a docked window shows in part.
     ElementView view(ws, {{&ws.frmMain(0), mainWindow.canvas()}, {&ws.splash.frmSplash(0), &splash}});
     view.onWindowChanged = [&](Element& e, Prop p) {
