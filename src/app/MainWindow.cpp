@@ -6,6 +6,7 @@
 #include "app/workspace/Workspace.h"
 #include "containers/ContainerMenus.h"
 #include "feeds/FeedContainers.h"
+#include "shell/ShellState.h"
 #include "desk/DeskState.h"
 #include "shortcuts/FindCommands.h"
 #include "shortcuts/Shortcuts.h"
@@ -116,8 +117,9 @@ void WireCoreCommands(Workspace& ws) {
     WireWindowServices(ws);
     WireFindCommands(ws);
     WireFeeds(ws);
-    WireThemes(ws);
+    WireShell(ws);
     WireDeskCommands(ws);
+    WireThemes(ws);
     // A setting's entry flips its check mark and saves at once.
     for (const auto& m : ws.menus.all()) {
         if (!m->checkable() || m->onClick) continue;

@@ -7,6 +7,7 @@
 #include "containers/Moving.h"
 #include "containers/Shrinking.h"
 #include "feeds/FeedContainers.h"
+#include "shell/ShellState.h"
 
 namespace pd {
 
@@ -80,6 +81,7 @@ const char* ContainerBodyMenu(Workspace& ws, int i) {
     ws.menus["mnuStartAll"].setCaption(QStringLiteral("&Start All Shortcuts [") + QString::number(count) +
                                        QLatin1Char(']'));
     for (const char* name : {"mnuSepStartAll", "mnuStartAll"}) ws.menus[QString::fromLatin1(name)].setVisible(true);
+    ShellMenus(ws, i, -1);
     SetFeedMenuEntries(ws, i);
     return "mnuLink";
 }

@@ -5,6 +5,7 @@
 #include "containers/Containers.h"
 #include "containers/Shrinking.h"
 #include "window/RelativeLayout.h"
+#include "shell/FolderLink.h"
 
 namespace pd {
 
@@ -83,6 +84,7 @@ void UnfoldContainer(Workspace& ws, int i) {
     }
     g.ZOrder(0);
     FocusContainerContent(ws, i);
+    RefreshOnExpand(ws, i);
 }
 
 void chkFold_MouseDown(Workspace& ws, int Button, int i) {

@@ -8,6 +8,7 @@
 #include "feeds/FeedContainers.h"
 #include "window/AutoHide.h"
 #include "window/RelativeLayout.h"
+#include "shell/FolderLink.h"
 
 namespace pd {
 
@@ -53,6 +54,7 @@ void Expand(Workspace& ws, int i) {
     ws.chkUnfold(i).Visible = false;
     ws.ShrinkIcon(i).Visible = false;
     ws.chkFold(i).ZOrder(0);
+    RefreshOnExpand(ws, i);
     if (ws.chkFold(i).Top != 30) {
         SetTitleEdge(ws, false, i);
         ws.txtNote(i).Height = ws.grpBorder(i).Height - 30 - 410;

@@ -66,6 +66,30 @@ struct HttpReply {
     QByteArray contentType;
 };
 
+// Shell exchange: one file operation, as the routines pass it (the fields of the shell's record).
+namespace FileOp {
+inline constexpr int Copy = 2;   // copy the sources into the folder `to`
+inline constexpr int Delete = 3; // delete the sources
+inline constexpr int RenameOnCollision = 8; // a copy whose name is taken gets a new name, as file managers name copies
+inline constexpr int AllowUndo = 64;        // a delete goes to the desktop's trash
+inline constexpr int SimpleProgress = 256;  // one progress window with the title, which the user can cancel
+} // namespace FileOp
+struct FileOpRequest {
+    int func = 0;
+    QStringList from;
+    QString to;
+    int flags = 0;
+    QString title;
+};
+struct FileOpResult {
+    // 0 when done (or cancelled), else an error number (errno).
+    int result = 0;
+    // The user cancelled in the progress window.
+    bool aborted = false;
+    // For a copy: where each source landed, in order.
+    QStringList made;
+};
+
 class Platform {
 public:
     virtual ~Platform() = default;
@@ -191,6 +215,18 @@ public:
     // --- the event loop ---
     // Lets pending events run (the two points in the unload that do so).
     virtual void doEvents() = 0;
+
+    // --- shell exchange: the clipboard's file list, file operations, file drags out ---
+    // Puts a file list on the clipboard as file managers take it; false when that failed.
+    virtual bool setClipboardFiles(const QStringList& paths) = 0;
+    // The local files listed on the clipboard, in order; empty when it holds none.
+    virtual QStringList clipboardFiles() const = 0;
+    // Copies or deletes files with a progress window the user can cancel; returns when done. The window
+    // keeps running meanwhile.
+    virtual FileOpResult fileOperation(const FileOpRequest& op) = 0;
+    // Starts a drag of files out to other programs; returns when it ends, with the effect the target took
+    // (0 none, 1 copy, 2 move).
+    virtual int startFileDrag(const QStringList& paths) = 0;
 };
 
 } // namespace pd

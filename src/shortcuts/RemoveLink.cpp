@@ -8,6 +8,7 @@
 #include "shortcuts/LinkSelection.h"
 #include "shortcuts/Shortcuts.h"
 #include "window/AutoHide.h"
+#include "shell/FileOperation.h"
 
 #include <QFileInfo>
 
@@ -53,9 +54,13 @@ int DeleteFromDisk(Workspace& ws, const QString& Path) {
     if (answer == MsgAnswer::No) return 1;
     if (answer != MsgAnswer::Yes) return 999;
     // The file goes to the desktop's trash, from where it can be restored.
-    const int error = ws.platform.moveToTrash(Path);
+    bool aborted = false;
+    const int error =
+        FileOperation(ws, {FileOp::Delete, {Path}, QString(), kDeleteFlags, QStringLiteral("Deleting...")}, aborted);
     if (error != 0)
         ws.platform.messageBox(QStringLiteral("Delete Failed: ") + QString::number(error), MsgStyle::CriticalBox);
+    else if (aborted)
+        ws.platform.messageBox(QStringLiteral("Delete Operation Failed"), MsgStyle::CriticalBox);
     // The shortcut goes even when the file stayed.
     return 0;
 }

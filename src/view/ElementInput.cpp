@@ -14,6 +14,9 @@
 #include "shortcuts/LinkMouse.h"
 #include "shortcuts/LinkSelection.h"
 #include "shortcuts/Shortcuts.h"
+#include "shell/FolderLink.h"
+#include "shell/ShellState.h"
+#include "view/DropInput.h"
 #include "view/ElementWidget.h"
 #include "view/GhostFrame.h"
 #include "view/MainView.h"
@@ -110,6 +113,8 @@ void CarryMove(InputContext& ctx, const QMouseEvent& ev) {
     const QSize size(static_cast<int>(std::lround(source->Width / tx)),
                      static_cast<int>(std::lround(source->Height / ty)));
     ctx.carried->showOutline(QRect(at - grip, size));
+    // A shortcut of a folder-link container that reaches the background leaves as a file drag.
+    if (CarriedOver(ctx, at)) ctx.carried->hideOutline();
 }
 
 // The release of a carried element: the owner under the pointer takes it (a container by its body or
@@ -225,6 +230,7 @@ void WireTitleBand(InputContext& ctx, ElementWidget& w) {
 
 void WireElementInput(InputContext& ctx, ElementWidget& w) {
     Workspace& ws = ctx.ws;
+    WireDropInput(ctx, w);
     const QString& name = w.element().Name();
     const int i = w.element().Index();
     if (name == QLatin1String("picMoveMe") || name == QLatin1String("lblCaption")) {
@@ -252,6 +258,7 @@ void WireElementInput(InputContext& ctx, ElementWidget& w) {
             const QPointF at = ToTwips(ctx.ws, ev);
             ctx.ws.DropX = static_cast<float>(at.x());
             ctx.ws.DropY = static_cast<float>(at.y());
+            ShellMenus(ctx.ws, -1, -1);
             Popup(ctx, QStringLiteral("mnuMain"), ev);
         };
     } else if (name == QLatin1String("grpBorder")) {
@@ -329,6 +336,15 @@ void WireElementInput(InputContext& ctx, ElementWidget& w) {
             }
         };
         w.onRelease = [&ws, i](ElementWidget&, QMouseEvent& ev) { lblName_MouseUp(ws, Button(ev), Shift(ev), i); };
+    } else if (name == QLatin1String("picCopy1")) {
+        w.onPress = [&ws, i](ElementWidget&, QMouseEvent& ev) {
+            ws.SelectedContainer = static_cast<int16_t>(i);
+            picCopy1_MouseDown(ws, Button(ev), i);
+        };
+    } else if (name == QLatin1String("picCopy2")) {
+        w.onRelease = [&ws, i](ElementWidget& self, QMouseEvent& ev) {
+            if (Left(ev) && self.rect().contains(ev.position().toPoint())) picCopy2_Click(ws, i);
+        };
     } else if (name == QLatin1String("picPinNote")) {
         w.onPress = OnLeftPress(ws, ShowNote);
     } else if (name == QLatin1String("picPin")) {

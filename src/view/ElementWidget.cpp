@@ -243,4 +243,24 @@ void ElementWidget::mouseDoubleClickEvent(QMouseEvent* ev) {
     else QWidget::mouseDoubleClickEvent(ev);
 }
 
+void ElementWidget::dragEnterEvent(QDragEnterEvent* ev) {
+    if (onDrag) onDrag(*this, *ev);
+    else QWidget::dragEnterEvent(ev);
+}
+
+void ElementWidget::dragMoveEvent(QDragMoveEvent* ev) {
+    if (onDrag) onDrag(*this, *ev);
+    else QWidget::dragMoveEvent(ev);
+}
+
+void ElementWidget::dragLeaveEvent(QDragLeaveEvent* ev) {
+    if (onDrag) onDrag(*this, *ev);
+    else QWidget::dragLeaveEvent(ev);
+}
+
+void ElementWidget::dropEvent(QDropEvent* ev) {
+    if (onDrag) onDrag(*this, *ev);
+    else QWidget::dropEvent(ev);
+}
+
 } // namespace pd

@@ -42,6 +42,8 @@ public:
     std::function<void(ElementWidget&)> onTextEdited;
     std::function<void(ElementWidget&)> onReturn;
     std::function<void(ElementWidget&)> onFocusLost;
+    // Drags from other programs (enter, move, leave, drop), for widgets that accept drops.
+    std::function<void(ElementWidget&, QEvent&)> onDrag;
 
 protected:
     void paintEvent(QPaintEvent*) override;
@@ -49,6 +51,10 @@ protected:
     void mouseReleaseEvent(QMouseEvent* ev) override;
     void mouseMoveEvent(QMouseEvent* ev) override;
     void mouseDoubleClickEvent(QMouseEvent* ev) override;
+    void dragEnterEvent(QDragEnterEvent* ev) override;
+    void dragMoveEvent(QDragMoveEvent* ev) override;
+    void dragLeaveEvent(QDragLeaveEvent* ev) override;
+    void dropEvent(QDropEvent* ev) override;
     void resizeEvent(QResizeEvent* ev) override;
     bool eventFilter(QObject* watched, QEvent* ev) override;
 

@@ -3,6 +3,7 @@
 
 #include "feeds/InputDialog.h"
 #include "platform/Platform.h"
+#include "shell/FileCopy.h"
 
 #include <QSize>
 
@@ -248,6 +249,43 @@ public:
         return n;
     }
     bool isOnline() override { return online; }
+
+    // Shell exchange: the clipboard's file list, file operations and file drags. `clipboardFileList` is
+    // the list on the clipboard; `clipboardFilesFail` makes writing it fail. Every file operation is
+    // recorded; `fileOpResults` answers the coming ones in order, and with none left a copy is made for
+    // real by shell/FileCopy (a delete records its sources in `trashed`, returns `trashResult` and
+    // removes nothing).
+    QStringList clipboardFileList;
+    bool clipboardFilesFail = false;
+    int clipboardFileWrites = 0;
+    bool setClipboardFiles(const QStringList& paths) override {
+        ++clipboardFileWrites;
+        if (clipboardFilesFail) return false;
+        clipboardFileList = paths;
+        return true;
+    }
+    QStringList clipboardFiles() const override { return clipboardFileList; }
+    std::vector<FileOpRequest> fileOps;
+    std::deque<FileOpResult> fileOpResults;
+    FileOpResult fileOperation(const FileOpRequest& op) override {
+        fileOps.push_back(op);
+        if (!fileOpResults.empty()) {
+            const FileOpResult r = fileOpResults.front();
+            fileOpResults.pop_front();
+            return r;
+        }
+        if (op.func == FileOp::Delete) {
+            for (const QString& f : op.from) trashed.push_back(f);
+            return {trashResult, false, {}};
+        }
+        return RunFileOperation(op, nullptr, nullptr);
+    }
+    std::vector<QStringList> fileDrags;
+    int fileDragEffect = 1;
+    int startFileDrag(const QStringList& paths) override {
+        fileDrags.push_back(paths);
+        return fileDragEffect;
+    }
 };
 
 } // namespace pd::test

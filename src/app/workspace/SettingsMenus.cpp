@@ -44,6 +44,8 @@ void DeclareCoreMenus(Menus& menus) {
     menus.add("mnuAddReminder", "New R&eminder...", "mnuMain").setShortcut("Ctrl+R");
     menus.add("mnuReminders", "Re&minders", "mnuMain");
     menus.add("mnuRemindersDelete", "&Clear Reminders", "mnuReminders");
+    // The clipboard's paste (shell/Clipboard.cpp sets its caption when a menu opens).
+    menus.add("mnuPaste", "Paste Shortcuts...", "mnuMain").setVisible(false);
     menus.add("mnuSepNew", "-", "mnuMain");
     menus.add("mnuFoldAll", "&Fold/Unfold All", "mnuMain").setShortcut("Ctrl+F2");
     menus.add("mnuShrinkAll", "S&hrink/Expand All", "mnuMain").setShortcut("Ctrl+F1");
@@ -96,6 +98,15 @@ void DeclareCoreMenus(Menus& menus) {
     menus.add("mnuSepAddToContainer", "-", "mnuLink");
     // The creation commands work in the container the menu was opened on.
     for (const char* name : {"mnuAddLink", "mnuAddFileLink", "mnuAddFolderLink"}) menus.share(name, "mnuLink");
+    // The shell exchange: a shortcut's copy, the paste, and a folder-link container's entries.
+    menus.share("mnuPaste", "mnuLink");
+    menus.add("mnuCopy", "&Copy", "mnuLink").setVisible(false);
+    menus.add("mnuSepCopyPath", "-", "mnuLink").setVisible(false);
+    menus.add("mnuOpenFolder", "&Explore Folder", "mnuLink").setVisible(false);
+    menus.add("mnuRefreshFolder", "&Refresh Folder", "mnuLink").setVisible(false);
+    MenuEntry& refreshOnExpand = menus.add("mnuRefreshOnExpand", "Refresh on Expand && Unfold", "mnuLink");
+    refreshOnExpand.setCheckable(true);
+    refreshOnExpand.setVisible(false);
 
     // The tray icon's menu.
     menus.add("mnuTray", "Perchdock");

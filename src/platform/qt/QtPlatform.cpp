@@ -6,6 +6,7 @@
 #include "platform/qt/InputForm.h"
 #include "platform/qt/Launcher.h"
 #include "platform/qt/ProgramIcon.h"
+#include "platform/qt/ShellExchange.h"
 #include "platform/qt/X11HotKey.h"
 
 #include <QApplication>
@@ -26,6 +27,7 @@
 #include <QLockFile>
 #include <QMenu>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QProcess>
 #include <QScreen>
 #include <QStandardPaths>
@@ -131,7 +133,12 @@ QString QtPlatform::chooseOpenFileIn(const QString& title, const QString& filter
     return QFileDialog::getOpenFileName(QApplication::activeWindow(), title, start, name);
 }
 
-QString QtPlatform::clipboardText() const { return QGuiApplication::clipboard()->text(); }
+QString QtPlatform::clipboardText() const {
+    // A file list copied in a file manager also comes as text (its paths): that is the file list, not text.
+    const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+    if (data && !LocalFilesOf(data).isEmpty()) return {};
+    return QGuiApplication::clipboard()->text();
+}
 
 void QtPlatform::setClipboardText(const QString& text) { QGuiApplication::clipboard()->setText(text); }
 

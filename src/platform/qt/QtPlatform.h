@@ -84,6 +84,16 @@ public:
     void setTrayMenu(QMenu* menu);
     std::function<void()> onTrayClick;
 
+    // Shell exchange (platform/qt/ShellExchange.cpp): the clipboard's file list as text/uri-list and
+    // x-special/gnome-copied-files, copies and trash on a worker thread under a progress window, file drags.
+    bool setClipboardFiles(const QStringList& paths) override;
+    QStringList clipboardFiles() const override;
+    FileOpResult fileOperation(const FileOpRequest& op) override;
+    int startFileDrag(const QStringList& paths) override;
+    // Slows each chunk of a file operation by this many milliseconds, so that tests can reach the
+    // progress window while a copy runs.
+    int fileOpChunkPauseMs = 0;
+
 private:
     // The lock and the socket are per data folder, so that two users' (or two test runs') workspaces
     // never stop each other.

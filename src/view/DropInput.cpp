@@ -1,0 +1,111 @@
+#include "view/DropInput.h"
+
+#include "app/workspace/Workspace.h"
+#include "platform/qt/ShellExchange.h"
+#include "shell/DragDrop.h"
+#include "view/ElementInput.h"
+#include "view/ElementWidget.h"
+#include "view/MainView.h"
+
+#include <QDropEvent>
+#include <QMimeData>
+#include <QPointer>
+#include <QTimer>
+#include <QUrl>
+
+namespace pd {
+
+namespace {
+
+// The key states as the handlers take them: 1 Shift, 2 Ctrl, 4 Alt.
+int ShiftOf(Qt::KeyboardModifiers m) {
+    return (m & Qt::ShiftModifier ? 1 : 0) | (m & Qt::ControlModifier ? 2 : 0) | (m & Qt::AltModifier ? 4 : 0);
+}
+
+// Answers the drag with the handler's effect. The workspace moves a file itself (copy, then trash), so a
+// move is answered to the source as a copy: the source must not delete the file as well.
+void Answer(QDropEvent& ev, int effect) {
+    if (effect == 0) {
+        ev.ignore();
+        return;
+    }
+    ev.setDropAction(Qt::CopyAction);
+    ev.accept();
+}
+
+} // namespace
+
+DropData DropDataOf(const QMimeData* data) {
+    DropData d;
+    if (!data) return d;
+    d.files = LocalFilesOf(data);
+    if (!d.files.isEmpty()) return d;
+    if (data->hasUrls() && !data->urls().isEmpty()) {
+        d.hasText = true;
+        d.text = data->urls().first().toString();
+    } else if (data->hasText()) {
+        d.hasText = true;
+        d.text = data->text();
+    }
+    return d;
+}
+
+void WireDropInput(InputContext& ctx, ElementWidget& w) {
+    const QString& name = w.element().Name();
+    const bool back = name == QLatin1String("picBack");
+    if (!back && name != QLatin1String("grpBorder")) return;
+    w.setAcceptDrops(true);
+    const int i = w.element().Index();
+    Workspace& ws = ctx.ws;
+    w.onDrag = [&ws, back, i](ElementWidget& widget, QEvent& event) {
+        if (event.type() == QEvent::DragLeave) {
+            OLEDragLeave(ws);
+            return;
+        }
+        auto& ev = static_cast<QDropEvent&>(event);
+        const DropData data = DropDataOf(ev.mimeData());
+        const int shift = ShiftOf(ev.modifiers());
+        if (event.type() == QEvent::DragEnter || event.type() == QEvent::DragMove) {
+            Answer(ev, back ? picBack_OLEDragOver(ws, data, shift) : grpBorder_OLEDragOver(ws, i, data, shift));
+            return;
+        }
+        if (event.type() != QEvent::Drop) return;
+        const int effect = back ? picBack_OLEDragOver(ws, data, shift) : grpBorder_OLEDragOver(ws, i, data, shift);
+        Answer(ev, effect);
+        if (effect == 0) {
+            OLEDragLeave(ws);
+            return;
+        }
+        const float X = static_cast<float>(ev.position().x()) * ws.TwipsPerPixelX();
+        const float Y = static_cast<float>(ev.position().y()) * ws.TwipsPerPixelY();
+        // The drop is answered first, so that the other program is free at once; a copy with its progress
+        // window runs after.
+        QPointer<ElementWidget> guard(&widget);
+        QTimer::singleShot(0, &widget, [&ws, back, i, data, shift, X, Y, guard] {
+            if (!guard) return;
+            if (back) picBack_OLEDragDrop(ws, data, shift, X, Y);
+            else grpBorder_OLEDragDrop(ws, i, data, shift, X, Y);
+        });
+    };
+}
+
+bool CarriedOver(InputContext& ctx, const QPoint& global) {
+    Workspace& ws = ctx.ws;
+    const Element* source = ws.DragSource;
+    if (!source) return false;
+    QWidget* sourceWidget = static_cast<QWidget*>(source->viewHandle);
+    for (QWidget* p = ctx.main.childAt(ctx.main.mapFromGlobal(global)); p; p = p->parentWidget()) {
+        if (sourceWidget && (p == sourceWidget || sourceWidget->isAncestorOf(p))) continue;
+        auto* ew = qobject_cast<ElementWidget*>(p);
+        if (!ew) continue;
+        const QString& name = ew->element().Name();
+        if (name == QLatin1String("grpBorder")) {
+            grpBorder_DragOver(ws, ew->element().Index());
+            return false;
+        }
+        if (name == QLatin1String("picBack")) return picBack_DragOver(ws);
+    }
+    return false;
+}
+
+} // namespace pd
