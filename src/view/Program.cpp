@@ -12,6 +12,7 @@
 #include "view/ElementView.h"
 #include "window/FeedTooltip.h"
 #include "view/FeedTooltipWindow.h"
+#include "view/FindView.h"
 #include "view/ElementWidget.h"
 #include "view/MainView.h"
 #include "view/MenuView.h"
@@ -92,11 +93,18 @@ int RunProgram(int argc, char** argv) {
     QObject::connect(&undoMove, &QAction::triggered, [&ws] { UndoMove(ws); });
     mainWindow.addAction(&undoMove);
     InputContext input{ws, mainWindow, menus, &carriedOutline};
-    view.onWidgetCreated = [&input](ElementWidget& w) { WireElementInput(input, w); };
+    // Tags, type-to-find and the shortcut properties: the menus and dialog the core opens, the panel's
+    // controls, and the mouse on their elements.
+    FindView findView(ws, view, menus, &mainWindow);
+    view.onWidgetCreated = [&input, &findView](ElementWidget& w) {
+        WireElementInput(input, w);
+        findView.wireWidget(w);
+    };
     ws.onFocusRequest = [&view](Element& e) {
         if (auto* w = qobject_cast<ElementWidget*>(view.widget(e))) w->focusEditor();
     };
     view.attach();
+    findView.attach();
 
     // The hot key and a second start with --toggle: in front, the window goes away; otherwise it
     // comes forward with the focus.
