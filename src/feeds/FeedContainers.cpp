@@ -527,6 +527,16 @@ QString FeedLastUpdateAge(Workspace& ws, int i) {
     return FormatUpdateAge(ws, Feeds(ws).HasReader(n) ? Feeds(ws).Reader(n).LastUpdate : QString());
 }
 
+void FeedPanelResized(Workspace& ws, int n) {
+    UserControl1& p = Feeds(ws).Panel(n);
+    p.RSS_Resize();
+    const int v = p.VScrollVal(), h = p.HScrollVal();
+    p.setVScrollVal(v + 10);
+    p.setVScrollVal(v);
+    p.setHScrollVal(h + 10);
+    p.setHScrollVal(h);
+}
+
 void SetFeedMenuEntries(Workspace& ws, int i) {
     const bool feed = i >= 0 && i < static_cast<int>(ws.Containers.size()) && ws.Containers[i].IsFeed;
     for (const char* name : {"mnuSepRSS", "mnuRSSOpenWebsite", "mnuRSSCopyURL", "mnuRSSResetIcon"})

@@ -12,6 +12,7 @@
 #include "view/ElementView.h"
 #include "window/FeedTooltip.h"
 #include "view/FeedTooltipWindow.h"
+#include "view/FeedsView.h"
 #include "view/FindView.h"
 #include "view/ElementWidget.h"
 #include "view/MainView.h"
@@ -103,6 +104,16 @@ int RunProgram(int argc, char** argv) {
     ws.onFocusRequest = [&view](Element& e) {
         if (auto* w = qobject_cast<ElementWidget*>(view.widget(e))) w->focusEditor();
     };
+    // The feeds: panels in the LstRSS members, the feed dialogs and the viewer, the feed elements' mouse.
+    FeedsView feedsView(ws, view, menus, &mainWindow,
+                        [&platform](const QString& name, QWidget* w) { platform.registerWindow(name, w); });
+    {
+        auto previous = view.onWidgetCreated;
+        view.onWidgetCreated = [previous, &feedsView](ElementWidget& w) {
+            if (previous) previous(w);
+            feedsView.wireWidget(w);
+        };
+    }
     view.attach();
     findView.attach();
 

@@ -1,6 +1,7 @@
 #include "window/RelativeLayout.h"
 
 #include "app/workspace/Workspace.h"
+#include "feeds/FeedContainers.h"
 
 namespace pd {
 
@@ -29,6 +30,7 @@ void SetObjectRelativeSize(Workspace& ws, int i) {
         Element& panel = ws.LstRSS(r.FeedIndex);
         setWidth(panel, border.Width - 30 - 130);
         setHeight(panel, border.Height - 30 - 600);
+        FeedPanelResized(ws, r.FeedIndex);
         if (ws.lblRSSLastUpdate.exists(r.FeedIndex)) {
             Element& label = ws.lblRSSLastUpdate(r.FeedIndex);
             if (ws.picShrink(i).Top == 30) label.Move(100, border.Height - 250);
