@@ -23,10 +23,16 @@ int ShiftOf(Qt::KeyboardModifiers m) {
 }
 
 // Answers the drag with the handler's effect. The workspace moves a file itself (copy, then trash), so a
-// move is answered to the source as a copy: the source must not delete the file as well.
-void Answer(QDropEvent& ev, int effect) {
+// move is answered to the source as a copy: the source must not delete the file as well. A container that
+// refuses still takes the event, with no action, so that it does not go on to the background beneath.
+void Answer(QDropEvent& ev, int effect, bool keep) {
     if (effect == 0) {
-        ev.ignore();
+        if (keep) {
+            ev.setDropAction(Qt::IgnoreAction);
+            ev.accept();
+        } else {
+            ev.ignore();
+        }
         return;
     }
     ev.setDropAction(Qt::CopyAction);
@@ -66,12 +72,12 @@ void WireDropInput(InputContext& ctx, ElementWidget& w) {
         const DropData data = DropDataOf(ev.mimeData());
         const int shift = ShiftOf(ev.modifiers());
         if (event.type() == QEvent::DragEnter || event.type() == QEvent::DragMove) {
-            Answer(ev, back ? picBack_OLEDragOver(ws, data, shift) : grpBorder_OLEDragOver(ws, i, data, shift));
+            Answer(ev, back ? picBack_OLEDragOver(ws, data, shift) : grpBorder_OLEDragOver(ws, i, data, shift), !back);
             return;
         }
         if (event.type() != QEvent::Drop) return;
         const int effect = back ? picBack_OLEDragOver(ws, data, shift) : grpBorder_OLEDragOver(ws, i, data, shift);
-        Answer(ev, effect);
+        Answer(ev, effect, !back);
         if (effect == 0) {
             OLEDragLeave(ws);
             return;

@@ -120,11 +120,11 @@ FileOpResult QtPlatform::fileOperation(const FileOpRequest& op) {
     if (!worker->isFinished()) loop.exec();
     worker->wait();
     delete worker;
+    // The copy decides what a cancel did: one that came after the last chunk changed nothing.
     if (dialog) {
-        dialog->close();
+        QObject::disconnect(dialog, nullptr, nullptr, nullptr);
         delete dialog;
     }
-    if (cancel->load()) result->aborted = true;
     return *result;
 }
 
