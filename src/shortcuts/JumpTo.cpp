@@ -10,6 +10,7 @@
 #include "shortcuts/Shortcuts.h"
 
 #include <QFileInfo>
+#include <QSet>
 
 namespace pd {
 
@@ -93,14 +94,16 @@ void JumpToLink(Workspace& ws, const QString& Term) {
         UnselectAllLinks(ws, true);
         return;
     }
+    // Labels and term compared without regard to case, as both lowered would be (no lowered copy of
+    // each label is made: this runs at every keystroke).
     const QString term = Term.toLower();
     int match = -1;
     // From the last shortcut down, without stopping: the lowest index wins.
     for (int k = LinkSlots(ws) - 1; k >= 0; --k)
-        if (Shown(ws, k) && ws.Link(k).Caption.get().toLower().startsWith(term)) match = k;
+        if (Shown(ws, k) && ws.Link(k).Caption.get().startsWith(term, Qt::CaseInsensitive)) match = k;
     if (match < 0) {
         for (int k = LinkSlots(ws) - 1; k >= 0; --k)
-            if (Shown(ws, k) && ws.Link(k).Caption.get().toLower().contains(term)) match = k;
+            if (Shown(ws, k) && ws.Link(k).Caption.get().contains(term, Qt::CaseInsensitive)) match = k;
     }
     if (match < 0) return;
     SetLinkSelected(ws, ws.SelectedLink, false);
@@ -127,15 +130,24 @@ void FillSearchList(Workspace& ws) {
     f.changed();
     const QString text = f.cboSearchText.toLower();
     const QString first = text.left(1);
+    // The labels from list position 1 on, kept as the list grows: the test of IsNewSearchItem without a
+    // walk of the list for every label.
+    QSet<QString> listed;
+    for (size_t i = 1; i < f.cboSearchList.size(); ++i) listed.insert(f.cboSearchList[i]);
+    auto add = [&f, &listed](const QString& label) {
+        if (listed.contains(label)) return;
+        if (!f.cboSearchList.empty()) listed.insert(label);
+        f.cboSearchList.push_back(label);
+    };
     for (int k = 0; k < LinkSlots(ws); ++k) {
         if (!Shown(ws, k)) continue;
-        if (ws.Link(k).Caption.get().left(1).toLower() == first && IsNewSearchItem(ws, k))
-            f.cboSearchList.push_back(ws.Link(k).Caption.get());
+        const QString& label = ws.Link(k).Caption.get();
+        if (label.left(1).toLower() == first) add(label);
     }
     for (int k = 0; k < LinkSlots(ws); ++k) {
         if (!Shown(ws, k)) continue;
-        if (ws.Link(k).Caption.get().toLower().contains(text) && IsNewSearchItem(ws, k))
-            f.cboSearchList.push_back(ws.Link(k).Caption.get());
+        const QString& label = ws.Link(k).Caption.get();
+        if (label.contains(text, Qt::CaseInsensitive)) add(label);
     }
     f.Busy = false;
     f.changed();
