@@ -3,7 +3,8 @@
 # are put into the workspace file between two runs. Typing the first letters of one label on the
 # window opens the search panel, which finds it, and Enter starts it (a script that writes a marker
 # file). A tag chosen from the background's "&Tags" menu then hides the shortcut without that tag, and
-# "Show All" brings it back.
+# "Show All" brings it back. F2 on a selected shortcut opens "Shortcut Properties", whose OK keeps a new
+# label.
 source "$(dirname "$0")/lib.sh" "$@"
 source "$(dirname "$0")/container_files.sh"
 
@@ -133,7 +134,30 @@ again=$(colours_at $((bx + 20)) $((by + 2)))
 [ "$again" -gt 1 ] || fail "Show All did not bring write-marker back"
 log "Show All showed it again"
 
+# --- F2 on the selected shortcut opens "Shortcut Properties"; a new label and Enter keep it ---
+# A double click starts a shortcut here, so a single click only selects it.
+xdotool mousemove $((bx + 40)) $((by + 126))
+sleep 0.3
+xdotool click 1
+sleep 0.5
+focus_window "$main"
+xdotool key F2
+wait_window '^Shortcut Properties$' _NET_WM_WINDOW_TYPE_DIALOG 20
+dialog=$FOUND_ID
+focus_window "$dialog"
+# The label field has the focus with its text selected: typing replaces it.
+xdotool type --delay 30 "renamed-tool"
+xdotool key Return
+wait_window_hidden "$dialog" 10 || fail "the properties window did not close on Enter"
+end=$((SECONDS + 10))
+until [ -f "$REC" ] && grep -q "renamed-tool" "$REC"; do
+  [ $SECONDS -lt $end ] || fail "the new label was not saved after OK"
+  sleep 0.2
+done
+log "F2 opened Shortcut Properties and OK kept the new label"
+
 stop_program "$PROGRAM_PID"
 [ "$EXIT_STATUS" -eq 0 ] || fail "exit status $EXIT_STATUS after SIGTERM"
 grep -q 'work,alpha' "$INI" || fail "the tags were not kept in Perchdock.ini"
+grep -q 'renamed-tool' "$INI" || fail "the new label was not kept in Perchdock.ini"
 log "passed"
