@@ -13,6 +13,8 @@
 #include <QTimer>
 #include <QUrl>
 
+#include <memory>
+
 namespace pd {
 
 namespace {
@@ -63,14 +65,20 @@ void WireDropInput(InputContext& ctx, ElementWidget& w) {
     w.setAcceptDrops(true);
     const int i = w.element().Index();
     Workspace& ws = ctx.ws;
-    w.onDrag = [&ws, back, i](ElementWidget& widget, QEvent& event) {
+    // What the drag carried as last read while it moved: at the drop some sources no longer hand out the
+    // data (the X selection's time stamp of a drop made with synthetic input), and then this is it.
+    auto carried = std::make_shared<DropData>();
+    w.onDrag = [&ws, back, i, carried](ElementWidget& widget, QEvent& event) {
         if (event.type() == QEvent::DragLeave) {
             OLEDragLeave(ws);
             return;
         }
         auto& ev = static_cast<QDropEvent&>(event);
-        const DropData data = DropDataOf(ev.mimeData());
+        DropData data = DropDataOf(ev.mimeData());
         const int shift = ShiftOf(ev.modifiers());
+        if (event.type() == QEvent::DragEnter) *carried = data;
+        if (event.type() == QEvent::DragMove && (data.hasFiles() || !data.text.isEmpty())) *carried = data;
+        if (event.type() == QEvent::Drop && !data.hasFiles() && data.text.isEmpty()) data = *carried;
         if (event.type() == QEvent::DragEnter || event.type() == QEvent::DragMove) {
             Answer(ev, back ? picBack_OLEDragOver(ws, data, shift) : grpBorder_OLEDragOver(ws, i, data, shift), !back);
             return;
