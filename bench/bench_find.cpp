@@ -27,10 +27,12 @@ struct Made {
         pd::Workspace& ws = *t.ws;
         pd::WireFindCommands(ws);
         for (int c = 0; c < kContainers; ++c) {
-            const int g = t.newContainerAt(100 + static_cast<float>(c % 10) * 3100, 600 + static_cast<float>(c / 10) * 3100);
+            const int g = t.newContainerAt(100 + static_cast<float>(c % 10) * 3100,
+                                           600 + static_cast<float>(c / 10) * 3100);
             for (int k = 0; k < kInEach; ++k) {
-                pd::AddShortcut(ws, QStringLiteral("/data/c%1/Report %2-%3.txt").arg(c).arg(k).arg(c * kInEach + k),
-                                ws.grpBorder(g));
+                pd::AddShortcut(
+                    ws, QStringLiteral("/data/c%1/Report %2-%3.txt").arg(c).arg(k).arg(c * kInEach + k),
+                    ws.grpBorder(g));
                 const int n = ws.LinkCount - 1;
                 // Two hundred projects, thirty-seven teams and one tag that every shortcut shares.
                 ws.Links[n].Tags = QStringLiteral("project%1, team%2, shared").arg(n % 200).arg(n % 37);
@@ -58,15 +60,21 @@ void Keystroke(benchmark::State& state, const QString& term) {
 }
 
 // Found by prefix: the walk runs over all 10,000 labels in both directions of the test.
-void BM_KeystrokePrefix(benchmark::State& state) { Keystroke(state, QStringLiteral("report 99-")); }
+void BM_KeystrokePrefix(benchmark::State& state) {
+    Keystroke(state, QStringLiteral("report 99-"));
+}
 BENCHMARK(BM_KeystrokePrefix)->Unit(benchmark::kMillisecond);
 
 // Found only by containment: both passes run.
-void BM_KeystrokeContains(benchmark::State& state) { Keystroke(state, QStringLiteral("-9999.t")); }
+void BM_KeystrokeContains(benchmark::State& state) {
+    Keystroke(state, QStringLiteral("-9999.t"));
+}
 BENCHMARK(BM_KeystrokeContains)->Unit(benchmark::kMillisecond);
 
 // Found nowhere: both passes run and nothing is selected.
-void BM_KeystrokeNoMatch(benchmark::State& state) { Keystroke(state, QStringLiteral("zzz")); }
+void BM_KeystrokeNoMatch(benchmark::State& state) {
+    Keystroke(state, QStringLiteral("zzz"));
+}
 BENCHMARK(BM_KeystrokeNoMatch)->Unit(benchmark::kMillisecond);
 
 // The drop-down's list for a term that 100 labels contain.

@@ -17,7 +17,8 @@ namespace pd {
 namespace {
 
 bool HasCaption(Workspace& ws, int k) {
-    return k >= 0 && k < static_cast<int>(ws.Links.size()) && ws.Link.exists(k) && !ws.Link(k).Caption.get().isEmpty();
+    return k >= 0 && k < static_cast<int>(ws.Links.size()) && ws.Link.exists(k) &&
+           !ws.Link(k).Caption.get().isEmpty();
 }
 
 // The shortcut's style back to the defaults: its owner's colour, the workspace's font size, not bold.
@@ -34,7 +35,9 @@ void ResetStyle(Workspace& ws, int n) {
 
 // A channel's mean as a whole number: halves go to the even neighbour, as the conversion to an integer
 // rounds.
-int RoundChannel(double v) { return static_cast<int>(std::nearbyint(v)); }
+int RoundChannel(double v) {
+    return static_cast<int>(std::nearbyint(v));
+}
 
 } // namespace
 
@@ -88,16 +91,16 @@ void ChkCommand_Click(FrmEditLink& form) {
 }
 
 void CmdBrowse_Click(Workspace& ws, FrmEditLink& form) {
-    const QString file =
-        ws.platform.chooseOpenFile(QStringLiteral("Open"), QStringLiteral("All Files (*.*)"), QStringLiteral("*.*"));
+    const QString file = ws.platform.chooseOpenFile(QStringLiteral("Open"), QStringLiteral("All Files (*.*)"),
+                                                    QStringLiteral("*.*"));
     if (file.isEmpty()) return;
     form.txtPath = file;
     form.changed();
 }
 
 void cmdChooseFileIcon_Click(Workspace& ws, FrmEditLink& form) {
-    const QString file =
-        ws.platform.chooseOpenFile(QStringLiteral("Open"), QStringLiteral("All Files (*.*)"), QStringLiteral("*.*"));
+    const QString file = ws.platform.chooseOpenFile(QStringLiteral("Open"), QStringLiteral("All Files (*.*)"),
+                                                    QStringLiteral("*.*"));
     if (file.isEmpty()) return;
     form.txtIcon = file;
     form.changed();
@@ -110,7 +113,9 @@ void EditLinkColor_Click(Workspace& ws, FrmEditLink& form) {
     form.changed();
 }
 
-void cmdEditCancel_Click(FrmEditLink& form) { form.Visible = false; }
+void cmdEditCancel_Click(FrmEditLink& form) {
+    form.Visible = false;
+}
 
 void cmdEditOK_Click(Workspace& ws, FrmEditLink& form) {
     const int n = form.Link;
@@ -145,7 +150,8 @@ void cmdEditOK_Click(Workspace& ws, FrmEditLink& form) {
 void cmdReset_Click(Workspace& ws, FrmEditLink& form) {
     const int n = form.Link;
     if (!HasCaption(ws, n)) return;
-    if (ws.platform.messageBox(QStringLiteral("Reset style to defualt values?"), MsgStyle::YesNoWarning) != MsgAnswer::Yes)
+    if (ws.platform.messageBox(QStringLiteral("Reset style to defualt values?"), MsgStyle::YesNoWarning) !=
+        MsgAnswer::Yes)
         return;
     // Label, target, tags and mark stay; only the style goes back.
     ResetStyle(ws, n);
@@ -203,7 +209,8 @@ int32_t MeanColor(const std::vector<int32_t>& pixels) {
         blue += (p >> 16) & 0xFF;
     }
     const double count = static_cast<double>(pixels.size());
-    return RoundChannel(red / count) | (RoundChannel(green / count) << 8) | (RoundChannel(blue / count) << 16);
+    return RoundChannel(red / count) | (RoundChannel(green / count) << 8) |
+           (RoundChannel(blue / count) << 16);
 }
 
 void ColorFromIcon(Workspace& ws, int n) {
@@ -218,7 +225,8 @@ void ColorFromIcon(Workspace& ws, int n) {
 
 void mnuColorFromIcon_Click(Workspace& ws) {
     const std::vector<int16_t> walk = ws.SelectedLinks;
-    for (int16_t k : walk) ColorFromIcon(ws, k);
+    for (int16_t k : walk)
+        ColorFromIcon(ws, k);
     SaveDesktop(ws, true, false);
 }
 

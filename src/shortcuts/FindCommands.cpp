@@ -38,15 +38,19 @@ void WireFindCommands(Workspace& ws) {
     // The shortcut's menu.
     m.add(QStringLiteral("mnuSepLinkTags"), QStringLiteral("-"), QStringLiteral("mnuLink"));
     m.add(QStringLiteral("mnuTag"), QStringLiteral("Edit &Tags..."), QStringLiteral("mnuLink"));
-    m.add(QStringLiteral("mnuLinkMakeExclusive"), QStringLiteral("Mark on &Launch..."), QStringLiteral("mnuLink"));
+    m.add(QStringLiteral("mnuLinkMakeExclusive"), QStringLiteral("Mark on &Launch..."),
+          QStringLiteral("mnuLink"));
     m.add(QStringLiteral("mnuLinkReset"), QStringLiteral("&Reset"), QStringLiteral("mnuLink"));
-    m.add(QStringLiteral("mnuRelativePath"), QStringLiteral("Change to &Relative Path"), QStringLiteral("mnuLink"));
+    m.add(QStringLiteral("mnuRelativePath"), QStringLiteral("Change to &Relative Path"),
+          QStringLiteral("mnuLink"));
     // The pop-up of one shortcut's tags, and the colour swatch's menu on the shortcut toolbar.
     m.add(QStringLiteral("mnuTags"), QStringLiteral("Tags"));
     m.add(QStringLiteral("mnuSubItem"), QString(), QStringLiteral("mnuTags"), 0);
     m.add(QStringLiteral("mnuChangeColor"), QStringLiteral("Color"));
-    m.add(QStringLiteral("mnuChooseColor"), QStringLiteral("&Choose Color"), QStringLiteral("mnuChangeColor"));
-    m.add(QStringLiteral("mnuColorFromIcon"), QStringLiteral("Color from &Icon"), QStringLiteral("mnuChangeColor"));
+    m.add(QStringLiteral("mnuChooseColor"), QStringLiteral("&Choose Color"),
+          QStringLiteral("mnuChangeColor"));
+    m.add(QStringLiteral("mnuColorFromIcon"), QStringLiteral("Color from &Icon"),
+          QStringLiteral("mnuChangeColor"));
     m.share(QStringLiteral("mnuLinkReset"), QStringLiteral("mnuChangeColor"));
 
     m[QStringLiteral("mnuUnhideTags")].onClick = [w] { ShowAllTags(*w); };
@@ -63,18 +67,23 @@ void WireFindCommands(Workspace& ws) {
     MenuEntry& edit = m[QStringLiteral("mnuLinkEdit")];
     std::function<void()> rename = edit.onClick;
     edit.onClick = [w, rename] {
-        if (w->menus[QStringLiteral("mnuLinkEdit")].Caption() == QLatin1String("&Properties")) mnuLinkEdit_Click(*w);
-        else if (rename) rename();
+        if (w->menus[QStringLiteral("mnuLinkEdit")].Caption() == QLatin1String("&Properties"))
+            mnuLinkEdit_Click(*w);
+        else if (rename)
+            rename();
     };
     // No drag has happened before the first press: a start from the keyboard is not refused.
     if (ws.MouseDownLink == -1) ws.MouseDownLink = 0;
 }
 
-void PrepareMainMenu(Workspace& ws) { BuildTagsMenu(ws); }
+void PrepareMainMenu(Workspace& ws) {
+    BuildTagsMenu(ws);
+}
 
 void PrepareLinkMenu(Workspace& ws) {
     const bool onLink = !ws.menus[QStringLiteral("mnuDeleteContainer")].Visible();
-    for (const char* name : kLinkEntries) ws.menus[QString::fromLatin1(name)].setVisible(onLink);
+    for (const char* name : kLinkEntries)
+        ws.menus[QString::fromLatin1(name)].setVisible(onLink);
     if (onLink) UpdateMarkCaption(ws);
 }
 

@@ -25,17 +25,23 @@ bool Shown(Workspace& ws, int k) {
            !ws.Link(k).Caption.get().isEmpty();
 }
 
-int LinkSlots(Workspace& ws) { return std::min(static_cast<int>(ws.Links.size()), ws.Link.Count()); }
+int LinkSlots(Workspace& ws) {
+    return std::min(static_cast<int>(ws.Links.size()), ws.Link.Count());
+}
 
 // The picture of the found shortcut's icon, as the icon boxes take it.
 QString IconPicture(Workspace& ws, int n) {
     const LinkRecord& r = ws.Links[static_cast<size_t>(n)];
     QString file;
-    if (r.LinkType == 1.0f) file = ws.programFile(QStringLiteral("Perchdock Home Page.html"));
-    else if (!r.LinkIcon.isEmpty()) file = r.LinkIcon;
-    else if (r.Command == 0) file = ExpandDriveLetter(ws, r.LinkPath);
+    if (r.LinkType == 1.0f)
+        file = ws.programFile(QStringLiteral("Perchdock Home Page.html"));
+    else if (!r.LinkIcon.isEmpty())
+        file = r.LinkIcon;
+    else if (r.Command == 0)
+        file = ExpandDriveLetter(ws, r.LinkPath);
     // A command runs through the shell: the terminal stands for it.
-    else return QStringLiteral("themeicon:utilities-terminal");
+    else
+        return QStringLiteral("themeicon:utilities-terminal");
     if (file.startsWith(QLatin1String("themeicon:"))) return file;
     if (file.isEmpty() || !QFileInfo::exists(file)) return QStringLiteral("noicon:");
     return QStringLiteral("fileicon:") + file;
@@ -133,7 +139,8 @@ void FillSearchList(Workspace& ws) {
     // The labels from list position 1 on, kept as the list grows: the test of IsNewSearchItem without a
     // walk of the list for every label.
     QSet<QString> listed;
-    for (size_t i = 1; i < f.cboSearchList.size(); ++i) listed.insert(f.cboSearchList[i]);
+    for (size_t i = 1; i < f.cboSearchList.size(); ++i)
+        listed.insert(f.cboSearchList[i]);
     auto add = [&f, &listed](const QString& label) {
         if (listed.contains(label)) return;
         if (!f.cboSearchList.empty()) listed.insert(label);
@@ -166,15 +173,19 @@ void cboSearch_Change(Workspace& ws, const QString& Text) {
             const QString& item = f.cboSearchList[static_cast<size_t>(i)];
             if (item.isEmpty() || item.contains(lowered)) continue;
             f.cboSearchList.erase(f.cboSearchList.begin() + i);
-            if (f.ListIndex == i) f.ListIndex = -1;
-            else if (f.ListIndex > i) --f.ListIndex;
+            if (f.ListIndex == i)
+                f.ListIndex = -1;
+            else if (f.ListIndex > i)
+                --f.ListIndex;
         }
     }
     ws.PicJumpToLink(0).ZOrder(0);
     f.changed();
 }
 
-void cboSearch_KeyUp(Workspace& ws) { JumpToLink(ws, Find(ws).cboSearchText); }
+void cboSearch_KeyUp(Workspace& ws) {
+    JumpToLink(ws, Find(ws).cboSearchText);
+}
 
 void cboSearch_Click(Workspace& ws, int Index) {
     FindState& f = Find(ws);
@@ -187,7 +198,9 @@ void cboSearch_Click(Workspace& ws, int Index) {
     JumpToLink(ws, f.cboSearchText);
 }
 
-void cboSearch_DropDown(Workspace& ws) { FillSearchList(ws); }
+void cboSearch_DropDown(Workspace& ws) {
+    FillSearchList(ws);
+}
 
 void cboSearch_KeyDown(Workspace& ws, int KeyCode) {
     if (KeyCode != kKeyDown) return;
@@ -211,6 +224,8 @@ void lblGo_Click(Workspace& ws) {
     LaunchLink(ws, ws.SelectedLink);
 }
 
-void lblClosePicJumpTo_Click(Workspace& ws) { HideJumpTo(ws); }
+void lblClosePicJumpTo_Click(Workspace& ws) {
+    HideJumpTo(ws);
+}
 
 } // namespace pd

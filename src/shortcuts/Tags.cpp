@@ -25,10 +25,13 @@ constexpr float kBannerAbove = 330;
 constexpr int kAsteriskPixels = 9;
 
 bool HasCaption(Workspace& ws, int k) {
-    return k >= 0 && k < static_cast<int>(ws.Links.size()) && ws.Link.exists(k) && !ws.Link(k).Caption.get().isEmpty();
+    return k >= 0 && k < static_cast<int>(ws.Links.size()) && ws.Link.exists(k) &&
+           !ws.Link(k).Caption.get().isEmpty();
 }
 
-bool Shown(Workspace& ws, int k) { return HasCaption(ws, k) && ws.Link(k).Visible; }
+bool Shown(Workspace& ws, int k) {
+    return HasCaption(ws, k) && ws.Link(k).Visible;
+}
 
 void SetIconVisible(Workspace& ws, int k, bool visible) {
     const int m = ws.Links[static_cast<size_t>(k)].IconIndex;
@@ -45,8 +48,10 @@ int FillFamily(Workspace& ws, const char* family, const char* parent, const QStr
         m.setVisible(true);
         if (!m.onClick) {
             Workspace* w = &ws;
-            if (name == QLatin1String("mnuTagsItem")) m.onClick = [w, k] { mnuTagsItem_Click(*w, k); };
-            else m.onClick = [w, k] { mnuSubItem_Click(*w, k); };
+            if (name == QLatin1String("mnuTagsItem"))
+                m.onClick = [w, k] { mnuTagsItem_Click(*w, k); };
+            else
+                m.onClick = [w, k] { mnuSubItem_Click(*w, k); };
         }
     }
     // "Unloaded" entries above 0 are hidden; they are used again by the next fill.
@@ -85,7 +90,9 @@ void BuildTagsMenu(Workspace& ws) {
     Find(ws).TagsItemCount = FillFamily(ws, "mnuTagsItem", "mnuTagsMain", found);
 }
 
-bool TagFilterOn(Workspace& ws) { return ws.FrameLinkGroup(0).Visible; }
+bool TagFilterOn(Workspace& ws) {
+    return ws.FrameLinkGroup(0).Visible;
+}
 
 void FilterByTag(Workspace& ws, int /*n*/, const QString& Tag) {
     const QString tag = Tag.toLower();
@@ -112,7 +119,8 @@ void FilterByTag(Workspace& ws, int /*n*/, const QString& Tag) {
         }
         if (!any && ws.Group(i).Visible) {
             ws.Group(i).Visible = false;
-            if (i < static_cast<int>(ws.Containers.size())) ws.Containers[static_cast<size_t>(i)].TagHidden = true;
+            if (i < static_cast<int>(ws.Containers.size()))
+                ws.Containers[static_cast<size_t>(i)].TagHidden = true;
         }
     }
     // 3. The highest shortcut left in the owner of the selected one, or of the last one met.
@@ -185,7 +193,8 @@ void mnuSubItem_Click(Workspace& ws, int Index) {
 QString EditTags(Workspace& ws, const QString& Current) {
     QString answer = AskInput(ws, QStringLiteral("Edit Tags (separate with commas) -"), Current);
     if (answer.trimmed().isEmpty() && !Current.trimmed().isEmpty()) {
-        if (ws.platform.messageBox(QStringLiteral("Delete Tags?"), kYesNoWarningSecondDefault) != MsgAnswer::Yes)
+        if (ws.platform.messageBox(QStringLiteral("Delete Tags?"), kYesNoWarningSecondDefault) !=
+            MsgAnswer::Yes)
             answer = Current;
     }
     SaveDesktop(ws, true, false);
@@ -217,7 +226,8 @@ void mnuTag_Click(Workspace& ws) {
 
 void UpdateMarkCaption(Workspace& ws) {
     const int n = ws.SelectedLink;
-    const bool marked = n >= 0 && n < static_cast<int>(ws.Links.size()) && !ws.Links[static_cast<size_t>(n)].MarkTag.isEmpty();
+    const bool marked = n >= 0 && n < static_cast<int>(ws.Links.size()) &&
+                        !ws.Links[static_cast<size_t>(n)].MarkTag.isEmpty();
     ws.menus["mnuLinkMakeExclusive"].setCaption(marked ? QStringLiteral("Remove Mark on &Launch...")
                                                        : QStringLiteral("Mark on &Launch..."));
 }
@@ -229,14 +239,15 @@ void mnuLinkMakeExclusive_Click(Workspace& ws) {
     if (!IsLinkSelected(ws, n)) SetLinkSelected(ws, n, true);
     LinkRecord& r = ws.Links[static_cast<size_t>(n)];
     if (!r.MarkTag.isEmpty()) {
-        if (ws.platform.messageBox(QStringLiteral("Remove shortcut's Mark on Launch attribute? [tag: ") + r.MarkTag +
-                                       QLatin1Char(']'),
+        if (ws.platform.messageBox(QStringLiteral("Remove shortcut's Mark on Launch attribute? [tag: ") +
+                                       r.MarkTag + QLatin1Char(']'),
                                    MsgStyle::YesNoQuestion) == MsgAnswer::Yes) {
             ws.Links[static_cast<size_t>(n)].MarkTag.clear();
             ws.Link(n).BorderStyle = 0;
         }
     } else {
-        const QString tag = AskInput(ws, QStringLiteral("Enter Tag for Mark on Launch (see Help):"), QString()).trimmed();
+        const QString tag =
+            AskInput(ws, QStringLiteral("Enter Tag for Mark on Launch (see Help):"), QString()).trimmed();
         if (!tag.isEmpty()) {
             // One shortcut at a time holds a mark tag: any other visible one gives it up with its border.
             const int links = std::min(static_cast<int>(ws.Links.size()), ws.Link.Count());
@@ -261,7 +272,9 @@ int LinkForIcon(Workspace& ws, int m) {
     return -1;
 }
 
-int LinkForHoveredIcon(Workspace& ws) { return LinkForIcon(ws, Find(ws).HoveredIcon); }
+int LinkForHoveredIcon(Workspace& ws) {
+    return LinkForIcon(ws, Find(ws).HoveredIcon);
+}
 
 void PicIcon_MouseMove(Workspace& ws, int m) {
     if (!ws.menus["mnuShowShortcutTags"].Checked() || TagFilterOn(ws) || !ws.PicIcon.exists(m)) return;
@@ -287,7 +300,8 @@ void PicIcon_MouseMove(Workspace& ws, int m) {
         star.ForeColor = owner->BackColor.get();
         star.BackColor = owner->ForeColor.get();
     }
-    star.ToolTipText = QStringLiteral("Tags: ") + tags + QStringLiteral("\r\nLeft Click: Select\r\nRight Click: Edit Tags");
+    star.ToolTipText =
+        QStringLiteral("Tags: ") + tags + QStringLiteral("\r\nLeft Click: Select\r\nRight Click: Edit Tags");
     // Over the icon's top right corner.
     const float w = kAsteriskPixels * ws.TwipsPerPixelX(), h = kAsteriskPixels * ws.TwipsPerPixelY();
     star.Move(icon.Left + icon.Width - w, icon.Top, w, h);
@@ -319,6 +333,8 @@ void ImgLinkGroup_MouseUp(Workspace& ws, int Button) {
     EnableDisableTimerHide(ws, true);
 }
 
-void LblLinkGroup_Click(Workspace& ws) { ShowAllTags(ws); }
+void LblLinkGroup_Click(Workspace& ws) {
+    ShowAllTags(ws);
+}
 
 } // namespace pd

@@ -63,13 +63,17 @@ void VerifyLinks(Workspace& ws, bool Silent) {
             RemoveLink(ws, k);
             continue;
         }
-        const int answer = ws.platform.messageBox(QStringLiteral("Remove Shortcut: ") + ws.Link(k).Caption.get(),
-                                                  MsgStyle::YesNoCancelAsk, kVerifyTitle);
-        if (answer == MsgAnswer::Yes) RemoveLink(ws, k);
-        else if (answer != MsgAnswer::No) break;
+        const int answer =
+            ws.platform.messageBox(QStringLiteral("Remove Shortcut: ") + ws.Link(k).Caption.get(),
+                                   MsgStyle::YesNoCancelAsk, kVerifyTitle);
+        if (answer == MsgAnswer::Yes)
+            RemoveLink(ws, k);
+        else if (answer != MsgAnswer::No)
+            break;
     }
     if (!Silent && !missing)
-        ws.platform.messageBox(QStringLiteral("All shortcuts are valid"), MsgStyle::InformationBox, kVerifyTitle);
+        ws.platform.messageBox(QStringLiteral("All shortcuts are valid"), MsgStyle::InformationBox,
+                               kVerifyTitle);
     EnableDisableTimerHide(ws, true);
     SaveDesktop(ws, true, false);
 }
@@ -82,7 +86,8 @@ QString RelativeLinkPath(const QString& Path) {
         QString rest = QDir::cleanPath(Path);
         if (mount != QLatin1String("/") && (rest == mount || rest.startsWith(mount + QLatin1Char('/'))))
             rest = rest.mid(mount.size());
-        while (rest.startsWith(QLatin1Char('/'))) rest.remove(0, 1);
+        while (rest.startsWith(QLatin1Char('/')))
+            rest.remove(0, 1);
         return QStringLiteral("@/") + rest;
     }
     // A Windows path ("D:\a.txt" gives "@:\a.txt") and any path without a root: the first character

@@ -62,7 +62,8 @@ EditLinkDialog::EditLinkDialog(Workspace& ws, FrmEditLink& form, QWidget* parent
     chkConfirm_->setToolTip(QStringLiteral("Prompt for confirmation before launch"));
     chkCommand_ = new QCheckBox(QStringLiteral("&Command"), this);
     chkCommand_->setObjectName(QStringLiteral("ChkCommand"));
-    chkCommand_->setToolTip(QStringLiteral("Enter a command to execute instead of a shortcut (Command Prompt)"));
+    chkCommand_->setToolTip(
+        QStringLiteral("Enter a command to execute instead of a shortcut (Command Prompt)"));
     auto* reset = Button(this, QStringLiteral("&Reset"), "cmdReset");
     auto* ok = Button(this, QStringLiteral("OK"), "cmdEditOK");
     auto* cancel = Button(this, QStringLiteral("Cancel"), "cmdEditCancel");
@@ -100,7 +101,8 @@ EditLinkDialog::EditLinkDialog(Workspace& ws, FrmEditLink& form, QWidget* parent
     setMinimumWidth(460);
 
     // A click into a text box selects its whole text.
-    for (QLineEdit* e : {txtLabel_, txtPath_, txtParam_, txtIcon_, txtSize_}) e->installEventFilter(this);
+    for (QLineEdit* e : {txtLabel_, txtPath_, txtParam_, txtIcon_, txtSize_})
+        e->installEventFilter(this);
 
     connect(chkCommand_, &QCheckBox::clicked, this, [this] {
         if (loading_) return;
@@ -138,7 +140,9 @@ EditLinkDialog::EditLinkDialog(Workspace& ws, FrmEditLink& form, QWidget* parent
     load();
 }
 
-EditLinkDialog::~EditLinkDialog() { form_.onChanged = nullptr; }
+EditLinkDialog::~EditLinkDialog() {
+    form_.onChanged = nullptr;
+}
 
 void EditLinkDialog::load() {
     loading_ = true;
@@ -159,7 +163,8 @@ void EditLinkDialog::load() {
     QPalette pal = picLinkColor_->palette();
     pal.setColor(QPalette::Button, ToQColor(form_.PicLinkColor));
     picLinkColor_->setPalette(pal);
-    picLinkColor_->setStyleSheet(QStringLiteral("background-color: %1;").arg(ToQColor(form_.PicLinkColor).name()));
+    picLinkColor_->setStyleSheet(
+        QStringLiteral("background-color: %1;").arg(ToQColor(form_.PicLinkColor).name()));
     chkBold_->setChecked(form_.ChkBold);
     chkConfirm_->setChecked(form_.chkConfirm);
     chkCommand_->setChecked(form_.ChkCommand);

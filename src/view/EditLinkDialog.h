@@ -16,7 +16,7 @@ struct FrmEditLink;
 
 class EditLinkDialog : public QDialog {
     Q_OBJECT
-public:
+  public:
     EditLinkDialog(Workspace& ws, FrmEditLink& form, QWidget* parent);
     ~EditLinkDialog() override;
     // Shows the form's fields and looks.
@@ -26,10 +26,10 @@ public:
 
     void reject() override;
 
-protected:
+  protected:
     bool eventFilter(QObject* watched, QEvent* ev) override;
 
-private:
+  private:
     Workspace& ws_;
     FrmEditLink& form_;
     QLineEdit* txtLabel_;

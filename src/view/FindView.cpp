@@ -21,10 +21,14 @@ namespace {
 
 int Button(const QMouseEvent& ev) {
     switch (ev.button()) {
-    case Qt::LeftButton: return 1;
-    case Qt::RightButton: return 2;
-    case Qt::MiddleButton: return 4;
-    default: return 0;
+    case Qt::LeftButton:
+        return 1;
+    case Qt::RightButton:
+        return 2;
+    case Qt::MiddleButton:
+        return 4;
+    default:
+        return 0;
     }
 }
 
@@ -70,6 +74,21 @@ FindView::FindView(Workspace& ws, ElementView& view, MenuView& menus, QWidget* d
         return pixels;
     };
     if (QMenu* main = menus_.menu(QStringLiteral("mnuMain"))) {
+        // The tags and the check of all targets stand with the workspace's commands, before the line
+        // above "Save Workspace", rather than after "Exit" where the entries made later would go.
+        QAction* before = nullptr;
+        for (QAction* a : main->actions())
+            if (a->objectName() == QLatin1String("mnuSepWorkspace")) before = a;
+        if (before) {
+            for (const char* name : {"mnuSepTags", "mnuTagsMain", "mnuVerify"}) {
+                for (QAction* a : main->actions()) {
+                    if (a->objectName() != QLatin1String(name)) continue;
+                    main->removeAction(a);
+                    main->insertAction(before, a);
+                    break;
+                }
+            }
+        }
         connect(main, &QMenu::aboutToShow, this, [this] {
             PrepareMainMenu(ws_);
             syncFamily(QStringLiteral("mnuTagsMain"), QStringLiteral("mnuTagsItem"));
@@ -140,8 +159,9 @@ void FindView::wireWidget(ElementWidget& w) {
                                    static_cast<float>(ev.position().y()) * ty);
         };
         w.onRelease = [this, &ws, tx, ty](ElementWidget&, QMouseEvent& ev) {
-            const QString menu = PicLinkColor_MouseUp(ws, Button(ev), static_cast<float>(ev.position().x()) * tx,
-                                                      static_cast<float>(ev.position().y()) * ty);
+            const QString menu =
+                PicLinkColor_MouseUp(ws, Button(ev), static_cast<float>(ev.position().x()) * tx,
+                                     static_cast<float>(ev.position().y()) * ty);
             if (menu.isEmpty()) return;
             if (QMenu* m = menus_.menu(menu)) m->popup(ev.globalPosition().toPoint());
         };

@@ -20,7 +20,7 @@ class JumpToPanel;
 
 class FindView : public QObject {
     Q_OBJECT
-public:
+  public:
     FindView(Workspace& ws, ElementView& view, MenuView& menus, QWidget* dialogParent);
     ~FindView() override;
     // Connects the mouse on the widgets of this subsystem's elements (call for each new widget).
@@ -31,7 +31,7 @@ public:
     // Shows the entries of a menu family that the core added since the menus were built.
     void syncFamily(const QString& menu, const QString& family);
 
-private:
+  private:
     Workspace& ws_;
     ElementView& view_;
     MenuView& menus_;

@@ -58,11 +58,13 @@ JumpToPanel::JumpToPanel(Workspace& ws, QWidget* panel, QWidget* top)
     keys_->setObjectName(QStringLiteral("Label1"));
     close_ = new QLabel(QStringLiteral("X"), top ? top : this);
     close_->setObjectName(QStringLiteral("lblClosePicJumpTo"));
-    close_->setToolTip(QStringLiteral("Press the Esc key once to clear the search field and hit it twice to hide the "
-                                      "search box (or click the workspace)"));
+    close_->setToolTip(
+        QStringLiteral("Press the Esc key once to clear the search field and hit it twice to hide the "
+                       "search box (or click the workspace)"));
     close_->setCursor(Qt::PointingHandCursor);
     close_->setAlignment(Qt::AlignCenter);
-    for (QWidget* w : {static_cast<QWidget*>(go_), static_cast<QWidget*>(close_)}) w->installEventFilter(this);
+    for (QWidget* w : {static_cast<QWidget*>(go_), static_cast<QWidget*>(close_)})
+        w->installEventFilter(this);
     search_->lineEdit()->installEventFilter(this);
     search_->installEventFilter(this);
 
@@ -98,7 +100,8 @@ void JumpToPanel::sync() {
     // The panel's colours: its fore colour for the texts.
     QPalette pal = palette();
     pal.setColor(QPalette::WindowText, ToQColor(panel.ForeColor));
-    for (QLabel* l : {label_, go_, keys_}) l->setPalette(pal);
+    for (QLabel* l : {label_, go_, keys_})
+        l->setPalette(pal);
     QPalette topPal = close_->palette();
     topPal.setColor(QPalette::WindowText, ToQColor(ws_.PicJumpToLinkTop(0).ForeColor));
     close_->setPalette(topPal);
@@ -110,9 +113,11 @@ void JumpToPanel::sync() {
     icon_->setPixmap(IconFor(f.JumpToIcon));
     // The list first: refilling a combo box changes its edit text, which is put back after.
     QStringList items;
-    for (const QString& s : f.cboSearchList) items.push_back(s);
+    for (const QString& s : f.cboSearchList)
+        items.push_back(s);
     QStringList shown;
-    for (int i = 0; i < search_->count(); ++i) shown.push_back(search_->itemText(i));
+    for (int i = 0; i < search_->count(); ++i)
+        shown.push_back(search_->itemText(i));
     if (items != shown) {
         search_->blockSignals(true);
         search_->clear();
@@ -131,8 +136,10 @@ void JumpToPanel::sync() {
     }
     if (f.Busy != busy_) {
         busy_ = f.Busy;
-        if (busy_) QApplication::setOverrideCursor(Qt::WaitCursor);
-        else QApplication::restoreOverrideCursor();
+        if (busy_)
+            QApplication::setOverrideCursor(Qt::WaitCursor);
+        else
+            QApplication::restoreOverrideCursor();
     }
     if (f.FocusSearch && panel.Visible) {
         f.FocusSearch = false;
@@ -163,8 +170,8 @@ bool JumpToPanel::eventFilter(QObject* watched, QEvent* ev) {
             // The window's key table sees the keys first (Enter, Del, Esc, the function keys); the
             // letters it leaves to the field while the panel shows.
             const int code = WindowKeyCode(*key);
-            const bool windowKey = code == kKeyEnter || code == kKeyEscape || code == kKeyDelete || code >= kKeyF1 ||
-                                   (KeyShift(*key) & 6) != 0;
+            const bool windowKey = code == kKeyEnter || code == kKeyEscape || code == kKeyDelete ||
+                                   code >= kKeyF1 || (KeyShift(*key) & 6) != 0;
             if (windowKey && code != 0 && Form_KeyDown(ws_, code, KeyShift(*key))) return true;
         } else if (ev->type() == QEvent::KeyRelease) {
             auto* key = static_cast<QKeyEvent*>(ev);

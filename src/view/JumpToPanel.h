@@ -14,27 +14,27 @@ class Workspace;
 // The search field: its list is filled when it drops down.
 class JumpSearchBox : public QComboBox {
     Q_OBJECT
-public:
+  public:
     JumpSearchBox(Workspace& ws, QWidget* parent);
     void showPopup() override;
 
-private:
+  private:
     Workspace& ws_;
 };
 
 class JumpToPanel : public QWidget {
     Q_OBJECT
-public:
+  public:
     // `panel` and `top` are the widgets of PicJumpToLink and PicJumpToLinkTop.
     JumpToPanel(Workspace& ws, QWidget* panel, QWidget* top);
     // Shows the panel's state.
     void sync();
     JumpSearchBox* search() const { return search_; }
 
-protected:
+  protected:
     bool eventFilter(QObject* watched, QEvent* ev) override;
 
-private:
+  private:
     void layoutControls();
 
     Workspace& ws_;

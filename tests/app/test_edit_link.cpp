@@ -16,7 +16,9 @@
 using namespace pd;
 using namespace pd::test;
 
-void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+void PrintTo(const QString& s, std::ostream* os) {
+    *os << '"' << s.toStdString() << '"';
+}
 
 namespace {
 
@@ -248,7 +250,8 @@ TEST_F(EditLink, ResetFromTheMenuKeepsTagsMarksAndPaths) {
     t.platform.answers = {MsgAnswer::Yes};
     ws().menus["mnuLinkReset"].Click();
     ASSERT_EQ(t.platform.messages.size(), 1u);
-    EXPECT_EQ(t.platform.messages[0].text, QStringLiteral("Reset selected shortcuts style to defualt values?"));
+    EXPECT_EQ(t.platform.messages[0].text,
+              QStringLiteral("Reset selected shortcuts style to defualt values?"));
     EXPECT_EQ(t.platform.messages[0].style, 4148);
     EXPECT_TRUE(IsLinkSelected(ws(), n)) << "the shortcut under the menu joined the selection";
     for (int k : {n, m}) {

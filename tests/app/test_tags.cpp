@@ -15,7 +15,9 @@
 using namespace pd;
 using namespace pd::test;
 
-void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+void PrintTo(const QString& s, std::ostream* os) {
+    *os << '"' << s.toStdString() << '"';
+}
 
 namespace {
 
@@ -96,7 +98,8 @@ TEST_F(Tags, ATrailingCommaMakesNoEmptyMenuItem) {
     AddLink(a, QStringLiteral("two"), QStringLiteral("home, ,"));
     BuildTagsMenu(ws());
     EXPECT_EQ(TagsMenu(), QStringList({"work", "home"}));
-    for (const QString& c : TagsMenu()) EXPECT_FALSE(c.trimmed().isEmpty());
+    for (const QString& c : TagsMenu())
+        EXPECT_FALSE(c.trimmed().isEmpty());
 }
 
 TEST_F(Tags, ARebuildHidesEntriesNoLongerUsedAndNoTagsShowsTheMarker) {
@@ -276,7 +279,8 @@ TEST_F(Tags, TheAsteriskShowsOverAHoveredIconWithItsLookAndTip) {
     EXPECT_EQ(star.BackStyle.get(), 1) << "with tags: opaque in the owner's inverted colours";
     EXPECT_EQ(star.ForeColor.get(), owner.BackColor.get());
     EXPECT_EQ(star.BackColor.get(), owner.ForeColor.get());
-    EXPECT_EQ(star.ToolTipText.get(), QStringLiteral("Tags: w\r\nLeft Click: Select\r\nRight Click: Edit Tags"));
+    EXPECT_EQ(star.ToolTipText.get(),
+              QStringLiteral("Tags: w\r\nLeft Click: Select\r\nRight Click: Edit Tags"));
     // A hover on a label hides it.
     Link_MouseMove(ws(), 0, 0, plain, 5, 5);
     EXPECT_FALSE(star.Visible);
@@ -320,7 +324,8 @@ TEST_F(Tags, MarkingASecondShortcutWithTheSameTagTakesTheMarkAndBorderOffTheFirs
     EXPECT_EQ(ws().menus["mnuLinkMakeExclusive"].Caption(), QStringLiteral("Mark on &Launch..."));
     t.platform.inputAnswers = {QStringLiteral(" Build ")};
     ws().menus["mnuLinkMakeExclusive"].Click();
-    EXPECT_TRUE(t.platform.inputPrompts[0].startsWith(QStringLiteral("Enter Tag for Mark on Launch (see Help):|")));
+    EXPECT_TRUE(
+        t.platform.inputPrompts[0].startsWith(QStringLiteral("Enter Tag for Mark on Launch (see Help):|")));
     EXPECT_EQ(ws().Links[first].MarkTag, QStringLiteral("Build"));
     // Started: its border shows.
     Click(first);
@@ -344,7 +349,8 @@ TEST_F(Tags, RemovingAMarkAsksFirst) {
     t.platform.answers = {MsgAnswer::No};
     ws().menus["mnuLinkMakeExclusive"].Click();
     ASSERT_EQ(t.platform.messages.size(), 1u);
-    EXPECT_EQ(t.platform.messages[0].text, QStringLiteral("Remove shortcut's Mark on Launch attribute? [tag: deploy]"));
+    EXPECT_EQ(t.platform.messages[0].text,
+              QStringLiteral("Remove shortcut's Mark on Launch attribute? [tag: deploy]"));
     EXPECT_EQ(t.platform.messages[0].style, 4132);
     EXPECT_EQ(ws().Links[n].MarkTag, QStringLiteral("deploy"));
     t.platform.answers = {MsgAnswer::Yes};

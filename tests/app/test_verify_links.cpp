@@ -16,7 +16,9 @@
 using namespace pd;
 using namespace pd::test;
 
-void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+void PrintTo(const QString& s, std::ostream* os) {
+    *os << '"' << s.toStdString() << '"';
+}
 
 namespace {
 
@@ -127,7 +129,8 @@ TEST(RelativeLinkPath, ConvertingAndExpandingAgainGivesThePathOnTheProgramsFileS
     const QString mount = QStorageInfo(file).rootPath();
     EXPECT_TRUE(relative.startsWith(QStringLiteral("@/")));
     EXPECT_FALSE(relative.contains(QStringLiteral("//")));
-    EXPECT_EQ(QFileInfo(ExpandDriveLetter(ws, relative)).canonicalFilePath(), QFileInfo(file).canonicalFilePath());
+    EXPECT_EQ(QFileInfo(ExpandDriveLetter(ws, relative)).canonicalFilePath(),
+              QFileInfo(file).canonicalFilePath());
     // The path keeps what lies below the mount point.
     QString below = QDir::cleanPath(file).mid(mount == QLatin1String("/") ? 0 : mount.size());
     EXPECT_EQ(relative, QLatin1Char('@') + below);
@@ -149,7 +152,8 @@ TEST(RelativeLinkPath, APathOnAnotherDriveNowPointsAtTheProgramsDrive) {
     QTemporaryDir dir;
     ws.ProgramDirectory = dir.path();
     const QString mount = QStorageInfo(dir.path()).rootPath();
-    const QString expected = (mount.endsWith(QLatin1Char('/')) ? mount : mount + QLatin1Char('/')) + QStringLiteral("a.txt");
+    const QString expected =
+        (mount.endsWith(QLatin1Char('/')) ? mount : mount + QLatin1Char('/')) + QStringLiteral("a.txt");
     // "D:\a.txt" while the program runs from another drive gives a.txt on the program's drive.
     EXPECT_EQ(ExpandDriveLetter(ws, RelativeLinkPath(QStringLiteral("D:\\a.txt"))), expected);
 }

@@ -33,7 +33,9 @@
 using namespace pd;
 using namespace pd::test;
 
-void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+void PrintTo(const QString& s, std::ostream* os) {
+    *os << '"' << s.toStdString() << '"';
+}
 
 namespace {
 
@@ -77,7 +79,8 @@ struct FindViewTest : ::testing::Test {
     }
     ~FindViewTest() override { ws.menuSink = nullptr; }
 
-    static void Key(QWidget* w, int key, const QString& text = {}, Qt::KeyboardModifiers mods = Qt::NoModifier) {
+    static void Key(QWidget* w, int key, const QString& text = {},
+                    Qt::KeyboardModifiers mods = Qt::NoModifier) {
         QKeyEvent press(QEvent::KeyPress, key, mods, text);
         QApplication::sendEvent(w, &press);
         QKeyEvent release(QEvent::KeyRelease, key, mods, text);
@@ -196,13 +199,16 @@ TEST_F(FindViewTest, TheShortcutPropertiesWindowShowsAndTakesTheFields) {
     auto* browse = dialog.findChild<QPushButton*>(QStringLiteral("CmdBrowse"));
     auto* ok = dialog.findChild<QPushButton*>(QStringLiteral("cmdEditOK"));
     ASSERT_TRUE(label && param && path && command && browse && ok);
-    for (const char* name : {"txtIcon", "txtSize"}) EXPECT_NE(dialog.findChild<QLineEdit*>(QString::fromLatin1(name)), nullptr);
+    for (const char* name : {"txtIcon", "txtSize"})
+        EXPECT_NE(dialog.findChild<QLineEdit*>(QString::fromLatin1(name)), nullptr);
     for (const char* name : {"cmdChooseFileIcon", "cmdReset", "cmdEditCancel", "PicLinkColor"})
         EXPECT_NE(dialog.findChild<QPushButton*>(QString::fromLatin1(name)), nullptr) << name;
     for (const char* name : {"ChkBold", "chkConfirm"})
         EXPECT_NE(dialog.findChild<QCheckBox*>(QString::fromLatin1(name)), nullptr) << name;
-    EXPECT_EQ(dialog.findChild<QCheckBox*>(QStringLiteral("chkConfirm"))->text(), QStringLiteral("&Requires Confirmation"));
-    EXPECT_EQ(command->toolTip(), QStringLiteral("Enter a command to execute instead of a shortcut (Command Prompt)"));
+    EXPECT_EQ(dialog.findChild<QCheckBox*>(QStringLiteral("chkConfirm"))->text(),
+              QStringLiteral("&Requires Confirmation"));
+    EXPECT_EQ(command->toolTip(),
+              QStringLiteral("Enter a command to execute instead of a shortcut (Command Prompt)"));
     EXPECT_EQ(label->text(), QStringLiteral("alpha"));
     EXPECT_EQ(path->text(), QStringLiteral("/opt/tools/alpha"));
     // The command box: the command's layout.
