@@ -6,13 +6,17 @@
 #include "containers/Containers.h"
 #include "containers/Moving.h"
 #include "containers/Shrinking.h"
+#include "desk/DeskState.h"
+#include "desk/Lock.h"
 #include "desk/Notes.h"
+#include "desk/ReminderForm.h"
 #include "desk/Pictures.h"
 #include "shell/FileOperation.h"
 #include "shell/ShellState.h"
 #include "shortcuts/LinkLayout.h"
 #include "shortcuts/LinkSelection.h"
 #include "shortcuts/Shortcuts.h"
+#include "window/AutoHide.h"
 
 #include <QFile>
 
@@ -135,6 +139,7 @@ void grpBorder_OLEDragDrop(Workspace& ws, int i, const DropData& data, int Shift
     }
     ws.SelectedContainer = static_cast<int16_t>(i);
     bool NoDuplicates = true;
+    UnlockBriefly(ws);
     Element& border = ws.grpBorder(i);
     if (!data.hasFiles()) {
         if (data.hasText) {
@@ -180,6 +185,7 @@ void picBack_OLEDragDrop(Workspace& ws, const DropData& data, int Shift, float X
     for (const char* name : {"mnuDeleteContainer", "mnuSepDelContainer", "mnuStartAll"})
         if (ws.menus.has(QString::fromLatin1(name))) ws.menus[QString::fromLatin1(name)].setVisible(false);
     Element& back = ws.picBack(0);
+    UnlockBriefly(ws);
     if ((Shift & 7) == 1) {
         ws.DropX = X;
         ws.DropY = Y;
@@ -203,8 +209,13 @@ void picBack_OLEDragDrop(Workspace& ws, const DropData& data, int Shift, float X
                 NewTextNote(ws, GetFileName(file.trimmed()), text);
             }
         } else if (data.hasText) {
-            // The reminder dialog opens with the text, once the reminders offer it.
-            if (Shell(ws).onReminderText) Shell(ws).onReminderText(data.text);
+            // The reminder dialog, modal, with the text in its field.
+            EnableDisableTimerHide(ws, false);
+            ReminderForm form(ws);
+            form.Load();
+            form.txtReminder = data.text;
+            if (Desk(ws).showReminderForm) Desk(ws).showReminderForm(form);
+            EnableDisableTimerHide(ws, true);
         }
     } else if (!data.hasFiles()) {
         if (data.hasText) {

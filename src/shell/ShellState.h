@@ -4,8 +4,6 @@
 
 #include "app/elements/ElementFamily.h"
 
-#include <functional>
-
 namespace pd {
 
 class Workspace;
@@ -15,8 +13,6 @@ struct ShellState {
     // "Copy to " / "Move to " + the container's name, shown inside a folder-link container while files
     // are dragged over it.
     ElementFamily lblPath;
-    // Opens the reminder dialog with a text dropped on the background with Shift; set by the reminders.
-    std::function<void(const QString&)> onReminderText;
 };
 
 ShellState& Shell(Workspace& ws);

@@ -4,6 +4,9 @@
 
 #include "containers/Containers.h"
 #include "containers/Moving.h"
+#include "desk/DeskState.h"
+#include "desk/Lock.h"
+#include "desk/ReminderForm.h"
 #include "shell/DragDrop.h"
 #include "shell/ShellState.h"
 #include "shortcuts/Launch.h"
@@ -309,4 +312,30 @@ TEST_F(DragDrop, AShortcutDroppedOnAShortcutAsksToOpenItWithTheOther) {
     ASSERT_EQ(t.platform.launches.size(), 1u);
     EXPECT_EQ(t.platform.launches[0].file, app);
     EXPECT_EQ(t.platform.launches[0].params, QLatin1Char('"') + doc + QLatin1Char('"'));
+}
+
+TEST_F(DragDrop, ShiftTextOnTheBackgroundOpensTheReminderDialogWithIt) {
+    QString shown;
+    int forms = 0;
+    Desk(ws()).showReminderForm = [&](ReminderForm& form) {
+        ++forms;
+        shown = form.txtReminder;
+    };
+    picBack_OLEDragDrop(ws(), Text(QStringLiteral("call Anna")), 1, 3000, 2000);
+    EXPECT_EQ(forms, 1);
+    EXPECT_EQ(shown, QStringLiteral("call Anna"));
+    EXPECT_EQ(ws().DropX, 3000.0f);
+    EXPECT_EQ(ws().DropY, 2000.0f);
+}
+
+TEST_F(DragDrop, ADropOnALockedWorkspaceUnlocksItBriefly) {
+    const int c = t.newContainerAt(600, 600);
+    LockWorkspace(ws());
+    ASSERT_TRUE(ws().menus["mnuLock"].Checked());
+    grpBorder_OLEDragDrop(ws(), c, Files({MakeFile(QStringLiteral("a.txt"))}), 0, 450, 900);
+    EXPECT_EQ(ws().LinkCount, 1);
+    EXPECT_FALSE(ws().menus["mnuLock"].Checked());
+    EXPECT_TRUE(Desk(ws()).TimerBrieflyUnlock.Enabled());
+    t.clock.advance(10000);
+    EXPECT_TRUE(ws().menus["mnuLock"].Checked()) << "locked again ten seconds later";
 }
