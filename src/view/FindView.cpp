@@ -4,6 +4,7 @@
 #include "shortcuts/EditLink.h"
 #include "shortcuts/FindCommands.h"
 #include "shortcuts/FindState.h"
+#include "shortcuts/Launch.h"
 #include "shortcuts/Tags.h"
 #include "view/EditLinkDialog.h"
 #include "view/ElementView.h"
@@ -42,6 +43,7 @@ using Handler = std::function<void(ElementWidget&, QMouseEvent&)>;
 // Runs `first` (the widget's handler so far, if any), then `then`.
 Handler Chain(Handler first, Handler then) {
     if (!first) return then;
+    if (!then) return first;
     return [first, then](ElementWidget& w, QMouseEvent& ev) {
         first(w, ev);
         then(w, ev);
@@ -137,7 +139,10 @@ void FindView::wireWidget(ElementWidget& w) {
     Workspace& ws = ws_;
     const QString& name = w.element().Name();
     const int i = w.element().Index();
-    if (name == QLatin1String("PicIcon")) {
+    if (name == QLatin1String("picBack")) {
+        // A click on the workspace closes the type-to-find panel, as its close mark's tip says.
+        w.onPress = Chain([&ws](ElementWidget&, QMouseEvent&) { HideJumpTo(ws); }, w.onPress);
+    } else if (name == QLatin1String("PicIcon")) {
         w.onMove = Chain(w.onMove, [&ws, i](ElementWidget&, QMouseEvent& ev) {
             if (Held(ev) == 0) PicIcon_MouseMove(ws, i);
         });

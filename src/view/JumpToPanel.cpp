@@ -147,6 +147,8 @@ void JumpToPanel::sync() {
         edit->setFocus(Qt::OtherFocusReason);
         edit->setCursorPosition(std::min(f.SelStart, static_cast<int>(edit->text().size())));
     }
+    // A closed panel gives the keys back to the window, so that the next letter opens it again.
+    if (!panel.Visible && edit->hasFocus()) panel_->window()->setFocus(Qt::OtherFocusReason);
     raise();
     syncing_ = false;
 }

@@ -26,6 +26,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QPushButton>
 
 #include <gtest/gtest.h>
@@ -143,6 +144,21 @@ TEST_F(FindViewTest, EscInTheFieldClearsThenCloses) {
     Key(edit, Qt::Key_Escape);
     EXPECT_FALSE(ws.PicJumpToLink(0).Visible);
     EXPECT_FALSE(PanelWidget()->isVisibleTo(&main));
+}
+
+TEST_F(FindViewTest, AClickOnTheWorkspaceClosesThePanelAndTheNextLetterOpensItAgain) {
+    Key(&main, Qt::Key_A, QStringLiteral("a"));
+    ASSERT_TRUE(ws.PicJumpToLink(0).Visible);
+    auto* back = qobject_cast<ElementWidget*>(view.widget(ws.picBack(0)));
+    ASSERT_NE(back, nullptr);
+    ASSERT_TRUE(back->onPress);
+    QMouseEvent press(QEvent::MouseButtonPress, QPointF(5, 5), QPointF(5, 5), Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
+    back->onPress(*back, press);
+    EXPECT_FALSE(ws.PicJumpToLink(0).Visible);
+    Key(&main, Qt::Key_F, QStringLiteral("f"));
+    EXPECT_TRUE(ws.PicJumpToLink(0).Visible);
+    EXPECT_EQ(Edit()->text(), QStringLiteral("f"));
 }
 
 TEST_F(FindViewTest, TheDownArrowFillsTheListAndCtrlOpensNothing) {
