@@ -5,7 +5,8 @@
 # - "&Copy" on one of them puts the selected files on the clipboard, and the helper's Paste copies them
 #   into a folder;
 # - a file dragged onto the folder-link container is copied into its folder, and the new shortcut points
-#   at the copy.
+#   at the copy;
+# - a shortcut dragged out of the folder-link container leaves as a file drag that the helper takes.
 # Arguments: <perchdock> <Reloader> <shell_helper>
 HELPER=${3:?usage: $0 <perchdock> <Reloader> <shell_helper>}
 source "$(dirname "$0")/lib.sh" "$@"
@@ -137,6 +138,45 @@ done
 [ -f "$SRC/new.txt" ] || fail "a plain drop moved the source"
 wait_rec 10 "$FOLDER/new.txt" || fail "the new shortcut does not point at the copy"
 log "a file dropped on the folder-link container was copied into its folder"
+
+# 5. A shortcut dragged out of the folder-link container leaves, over the background, as a file drag that
+#    another program takes. Where the label of a.txt stands: its container's place, the rim, its own place.
+read -r lx ly < <(tr -d '\r' <"$CON_DIR/0.con" | awk -v path="$FOLDER/a.txt" '
+  prev == "[LinkX]" { x = $1 } prev == "[LinkY]" { y = $1 } prev == "[LinkPath]" && $0 == path { print x, y; exit }
+  { prev = $0 }')
+[ -n "${lx:-}" ] || fail "no place of the a.txt shortcut in the container file"
+ax=$((WX + (4500 + 20 + lx) / 15 + 8)) ay=$((WY + (1500 + 20 + ly) / 15 + 6))
+out=$E2E_TMP/drop.out
+"$HELPER" drop >"$out" 2>>"$LOG" &
+STARTED_PIDS+=("$!")
+wait_window '^Drop Target$' _NET_WM_WINDOW_TYPE_NORMAL 20
+sleep 0.5
+xdotool mousemove "$ax" "$ay"
+sleep 0.3
+xdotool mousedown 1
+sleep 0.2
+# Out of the container to the left, over the background, then on to the helper's window.
+path_points=()
+for i in $(seq 1 15); do path_points+=("$((ax - 12 * i)) $ay"); done
+bgx=$((ax - 180))
+for i in $(seq 1 25); do path_points+=("$((bgx + (1185 - bgx) * i / 25)) $((ay + (695 - ay) * i / 25))"); done
+for p in "${path_points[@]}"; do
+  # shellcheck disable=SC2086
+  xdotool mousemove $p
+  sleep 0.06
+done
+sleep 0.5
+xdotool mousemove 1185 695
+sleep 0.4
+xdotool mouseup 1
+end=$((SECONDS + 10))
+until grep -q '^dropped' "$out"; do
+  [ $SECONDS -lt $end ] || fail "the shortcut dragged out of the folder-link container did not reach the other program as a file"
+  sleep 0.2
+done
+cat "$out"
+grep -q "^dropped file://$FOLDER/a.txt" "$out" || fail "the file drag did not carry a.txt first"
+log "a shortcut dragged out of the folder-link container left as a file drag"
 
 stop_program "$PROGRAM_PID"
 log "PASS"

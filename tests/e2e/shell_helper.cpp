@@ -3,6 +3,9 @@
 //                               carries the files as a file manager does (text/uri-list and the paths
 //                               as text) and prints "drop-action N" (0 none, 1 copy, 2 move, 4 link)
 //                               when it ends, then quits.
+//   shell_helper drop           shows a window "Drop Target" at (1110, 620) that takes a file drop as a
+//                               file manager's folder view does; prints "dropped URI..." (the list, one
+//                               line) and quits.
 //   shell_helper paste FOLDER   reads the clipboard as a file manager's Paste does: prints its formats,
 //                               then copies every local file it lists into FOLDER ("pasted NAME").
 //                               Exits 0 when it pasted a file, 1 when the clipboard listed none within
@@ -19,6 +22,7 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QThread>
+#include <QTimer>
 #include <QUrl>
 #include <QVBoxLayout>
 
@@ -59,6 +63,36 @@ private:
     bool started_ = false;
 };
 
+class DropTarget : public QLabel {
+public:
+    DropTarget() {
+        setText(QStringLiteral("drop here"));
+        setAlignment(Qt::AlignCenter);
+        setStyleSheet(QStringLiteral("background: #40d0ff;"));
+        setAcceptDrops(true);
+    }
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* ev) override {
+        if (!ev->mimeData()->hasUrls()) return;
+        ev->setDropAction(Qt::CopyAction);
+        ev->accept();
+    }
+    void dragMoveEvent(QDragMoveEvent* ev) override {
+        ev->setDropAction(Qt::CopyAction);
+        ev->accept();
+    }
+    void dropEvent(QDropEvent* ev) override {
+        QStringList uris;
+        for (const QUrl& u : ev->mimeData()->urls()) uris << QString::fromLatin1(u.toEncoded());
+        std::printf("dropped %s\n", qPrintable(uris.join(QLatin1Char(' '))));
+        std::fflush(stdout);
+        ev->setDropAction(Qt::CopyAction);
+        ev->accept();
+        QTimer::singleShot(200, qApp, &QApplication::quit);
+    }
+};
+
 int Paste(const QString& folder) {
     QElapsedTimer clock;
     clock.start();
@@ -94,6 +128,13 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     const QStringList args = QApplication::arguments();
     if (args.size() >= 3 && args[1] == QLatin1String("paste")) return Paste(args[2]);
+    if (args.size() >= 2 && args[1] == QLatin1String("drop")) {
+        DropTarget w;
+        w.setWindowTitle(QStringLiteral("Drop Target"));
+        w.setGeometry(1110, 620, 150, 150);
+        w.show();
+        return QApplication::exec();
+    }
     if (args.size() >= 3 && args[1] == QLatin1String("drag")) {
         DragSource w(args.mid(2));
         w.setWindowTitle(QStringLiteral("Drag Source"));
@@ -101,6 +142,6 @@ int main(int argc, char** argv) {
         w.show();
         return QApplication::exec();
     }
-    std::fprintf(stderr, "usage: shell_helper drag FILE... | paste FOLDER\n");
+    std::fprintf(stderr, "usage: shell_helper drag FILE... | drop | paste FOLDER\n");
     return 2;
 }
