@@ -405,3 +405,25 @@ TEST_F(Tags, TheShortcutMenuShowsItsOwnEntriesOnlyOnAShortcut) {
     EXPECT_EQ(ws().menus["mnuTagsMain"].Caption(), QStringLiteral("&Tags"));
     EXPECT_EQ(ws().menus["mnuUnhideTags"].Caption(), QStringLiteral("Show All"));
 }
+
+TEST_F(Tags, TheFilterIsNotSavedAndLosesNothing) {
+    AddLink(a, QStringLiteral("w1"), QStringLiteral("work"));
+    AddLink(b, QStringLiteral("h1"), QStringLiteral("home"));
+    AddLink(-1, QStringLiteral("plain"), QString());
+    FilterByTag(ws(), 0, QStringLiteral("work"));
+    ASSERT_FALSE(ws().Group(b).Visible);
+    t.exit();
+    t.restart();
+    t.start();
+    EXPECT_EQ(ws().LinkCount, 3);
+    EXPECT_EQ(ws().ContainerCount, 2);
+    for (int n = 0; n < ws().LinkCount; ++n) {
+        EXPECT_TRUE(ws().Link(n).Visible) << n;
+        EXPECT_EQ(ws().Link(n).BorderStyle.get(), 0) << "no launch border after a load";
+    }
+    for (int i = 0; i < ws().ContainerCount; ++i)
+        EXPECT_TRUE(ws().Group(i).Visible) << i;
+    EXPECT_FALSE(ws().FrameLinkGroup(0).Visible);
+    BuildTagsMenu(ws());
+    EXPECT_EQ(TagsMenu(), QStringList({"work", "home"}));
+}
