@@ -201,6 +201,45 @@ TEST_F(FindViewTest, TheBackgroundMenuShowsTheTagsAndChoosingOneFilters) {
     EXPECT_TRUE(view.widget(ws.FrameLinkGroup(0))->isVisibleTo(&main));
 }
 
+TEST_F(FindViewTest, TheAsteriskTheBannerAndTheSwatchTakeTheMouse) {
+    auto press = [](ElementWidget* w, QEvent::Type type, Qt::MouseButton b) {
+        ASSERT_NE(w, nullptr);
+        QMouseEvent ev(type, QPointF(2, 2), QPointF(2, 2), b,
+                       type == QEvent::MouseButtonRelease ? Qt::NoButton : b, Qt::NoModifier);
+        if (type == QEvent::MouseButtonPress && w->onPress) w->onPress(*w, ev);
+        if (type == QEvent::MouseButtonRelease && w->onRelease) w->onRelease(*w, ev);
+        if (type == QEvent::MouseMove && w->onMove) w->onMove(*w, ev);
+    };
+    // A hover over an icon shows the asterisk; a release on it asks for the first tags.
+    auto* icon = qobject_cast<ElementWidget*>(view.widget(IconBox(ws, 0)));
+    press(icon, QEvent::MouseMove, Qt::NoButton);
+    EXPECT_TRUE(ws.ImgLinkGroup(0).Visible);
+    t.platform.inputAnswers = {QStringLiteral("first")};
+    press(qobject_cast<ElementWidget*>(view.widget(ws.ImgLinkGroup(0))), QEvent::MouseButtonRelease,
+          Qt::LeftButton);
+    EXPECT_EQ(ws.Links[0].Tags, QStringLiteral("first"));
+    EXPECT_FALSE(ws.ImgLinkGroup(0).Visible);
+    // The banner of a filter ends it on a left press.
+    QMenu* mainMenu = menus.menu(QStringLiteral("mnuMain"));
+    QMetaObject::invokeMethod(mainMenu, "aboutToShow");
+    ws.menus(QStringLiteral("mnuTagsItem"), 0).Click();
+    EXPECT_FALSE(ws.Link(1).Visible);
+    press(qobject_cast<ElementWidget*>(view.widget(ws.FrameLinkGroup(0))), QEvent::MouseButtonPress,
+          Qt::LeftButton);
+    EXPECT_TRUE(ws.Link(1).Visible);
+    EXPECT_FALSE(ws.FrameLinkGroup(0).Visible);
+    // The toolbar's swatch: a press and release in place opens the colour menu.
+    SetLinkSelected(ws, 0, true);
+    ShowLinkToolbar(ws, ws.grpBorder(c));
+    auto* swatch = qobject_cast<ElementWidget*>(view.widget(ws.PicLinkColor(0)));
+    press(swatch, QEvent::MouseButtonPress, Qt::LeftButton);
+    press(swatch, QEvent::MouseButtonRelease, Qt::LeftButton);
+    QMenu* colour = menus.menu(QStringLiteral("mnuChangeColor"));
+    ASSERT_NE(colour, nullptr);
+    EXPECT_TRUE(colour->isVisible());
+    colour->hide();
+}
+
 TEST_F(FindViewTest, TheShortcutPropertiesWindowShowsAndTakesTheFields) {
     FrmEditLink form;
     LoadEditLink(ws, form, 0);
