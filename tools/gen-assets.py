@@ -773,7 +773,7 @@ def glyph_rows(name):
     return rows
 
 
-def button(name):
+def button(name, palette=None):
     rows = glyph_rows(name)
     px = button_background()
     for y, row in enumerate(rows):
@@ -782,7 +782,7 @@ def button(name):
                 px[y * 16 + x] = 6
             elif ch == "+":
                 px[y * 16 + x] = 7
-    return encode_gif(16, 16, BUTTON_PALETTE, px, transparent=0)
+    return encode_gif(16, 16, palette or BUTTON_PALETTE, px, transparent=0)
 
 
 BUTTON_FILES = ["shrinkall", "foldall", "rss", "lock", "unlock", "dock", "shrink", "folderoff",
@@ -1348,13 +1348,171 @@ DEFAULT_COLORS = [
 WALLPAPER = "PlainWhiteOnBlue.jpg"
 
 
-def color_file(theme):
+def color_file(theme, colors=None, wallpaper=WALLPAPER, stretch=1, buttons=BUTTON_SET):
     lines = ["[1.01]"]
-    for key, value in DEFAULT_COLORS:
+    for key, value in colors or DEFAULT_COLORS:
         lines += [key, number(value)]
     if theme:
-        lines += ["[Wallpaper]", WALLPAPER, "1", "[Buttons]", BUTTON_SET]
+        lines += ["[Wallpaper]", wallpaper, str(stretch), "[Buttons]", buttons]
     return ("\r\n".join(lines) + "\r\n").encode("ascii")
+
+
+# ---------------------------------------------------------------------------------------------------
+# Further themes (colours, a wallpaper and a button set each) and colour schemes
+# ---------------------------------------------------------------------------------------------------
+
+COLOR_KEYS = ["[Background]", "[PictureBorder]", "[ContainerFor]", "[ContainerLabel]", "[ContainerTextBack]",
+              "[ContainerTextFor]", "[Foreground]"]
+
+
+def scheme(background, picture_border, container, container_label, note_back, note_text, foreground):
+    """The seven colours as (r, g, b), in the order of the files."""
+    values = (background, picture_border, container, container_label, note_back, note_text, foreground)
+    return [(key, bgr(*rgb)) for key, rgb in zip(COLOR_KEYS, values)]
+
+
+def mix(a, b, t):
+    return tuple(round(x + (y - x) * t) for x, y in zip(a, b))
+
+
+def button_palette(top, bottom, outline, highlight, glyph, detail):
+    """A button set's palette in the order of BUTTON_PALETTE: a body shaded from top to bottom."""
+    return [bottom, outline, highlight, top, mix(top, bottom, 0.5), bottom, glyph, detail]
+
+
+def smoothstep(t):
+    t = min(1.0, max(0.0, t))
+    return t * t * (3 - 2 * t)
+
+
+def lattice(ix, iy, seed):
+    """A repeatable pseudo-random value in 0..1 for a lattice point."""
+    h = (ix * 374761393 + iy * 668265263 + seed * 2147483647) & 0xFFFFFFFF
+    h = ((h ^ (h >> 13)) * 1274126177) & 0xFFFFFFFF
+    return ((h ^ (h >> 16)) & 0xFFFF) / 65535.0
+
+
+def value_noise(x, y, cell, seed):
+    """Smooth noise in 0..1: lattice values every `cell` pixels, blended."""
+    gx, gy = x / cell, y / cell
+    ix, iy = int(math.floor(gx)), int(math.floor(gy))
+    fx, fy = smoothstep(gx - ix), smoothstep(gy - iy)
+    a = lattice(ix, iy, seed) + (lattice(ix + 1, iy, seed) - lattice(ix, iy, seed)) * fx
+    b = lattice(ix, iy + 1, seed) + (lattice(ix + 1, iy + 1, seed) - lattice(ix, iy + 1, seed)) * fx
+    return a + (b - a) * fy
+
+
+def vignette(x, y, w, h, strength):
+    dx = (x + 0.5 - w * 0.5) / (w * 0.5)
+    dy = (y + 0.5 - h * 0.5) / (h * 0.5)
+    return 1.0 - strength * min(1.0, dx * dx * 0.5 + dy * dy * 0.5) ** 1.5
+
+
+def harbour_pixel(x, y, w=1024, h=768):
+    """Dusk over still water: a teal sky warming to amber at the horizon, darker water with slow ripples."""
+    horizon = h * 0.64
+    if y < horizon:
+        t = y / horizon
+        sky = mix((0x0B, 0x1E, 0x26), (0x2A, 0x52, 0x5A), t ** 1.6)
+        glow = math.exp(-((horizon - y) / (h * 0.07)) ** 2) * math.exp(-((x - w * 0.62) / (w * 0.35)) ** 2)
+        c = mix(sky, (0x9A, 0x74, 0x48), 0.55 * glow)
+    else:
+        t = (y - horizon) / (h - horizon)
+        water = mix((0x1E, 0x42, 0x4A), (0x0A, 0x1C, 0x22), t ** 0.8)
+        ripple = math.sin(y * 0.55 + 2.2 * math.sin(x * 0.012)) * (1 - t) * 0.5 + 0.5
+        glint = math.exp(-((x - w * 0.62) / (w * 0.12)) ** 2) * (1 - t) ** 2 * ripple
+        c = mix(water, (0x8A, 0x6C, 0x46), 0.35 * glint)
+    v = vignette(x, y, w, h, 0.35)
+    return tuple(ch * v for ch in c)
+
+
+def graphite_pixel(x, y, w=1024, h=768):
+    """Graphite with a soft diagonal light, a faint dot grid and a mint glow low on the right."""
+    t = (x / w) * 0.45 + (y / h) * 0.55
+    c = mix((0x2C, 0x2F, 0x33), (0x1C, 0x1E, 0x21), t)
+    glow = math.exp(-(((x - w * 0.86) / (w * 0.32)) ** 2 + ((y - h * 0.92) / (h * 0.38)) ** 2))
+    c = mix(c, (0x2A, 0x5A, 0x4A), 0.55 * glow)
+    gx, gy = (x % 32) - 15.5, (y % 32) - 15.5
+    if gx * gx + gy * gy < 2.3:
+        c = tuple(ch + 9 for ch in c)
+    v = vignette(x, y, w, h, 0.25)
+    return tuple(ch * v for ch in c)
+
+
+def paper_pixel(x, y, w=1024, h=768):
+    """Warm paper: a light sheet with soft fibres of tone and darker edges."""
+    t = y / h
+    c = mix((0xF1, 0xED, 0xE4), (0xE3, 0xDD, 0xD0), t)
+    n = value_noise(x, y, 48, 7) * 0.65 + value_noise(x, y, 11, 3) * 0.35
+    d = (n - 0.5) * 10
+    c = tuple(ch + d for ch in c)
+    v = vignette(x, y, w, h, 0.10)
+    return tuple(ch * v for ch in c)
+
+
+# name of the theme (and its button set), its file, wallpaper, stretch, colours, button palette, picture.
+THEMES = [
+    {
+        "name": "Harbour Dusk",
+        "wallpaper": "HarbourDusk.jpg",
+        "colors": scheme(background=(0x10, 0x2A, 0x32), picture_border=(0xC8, 0x8A, 0x2E),
+                         container=(0x1B, 0x3D, 0x47), container_label=(0xFF, 0xF1, 0xD6),
+                         note_back=(0xFA, 0xF3, 0xE0), note_text=(0x23, 0x20, 0x1A),
+                         foreground=(0xF2, 0xE6, 0xC8)),
+        "buttons": button_palette(top=(0x33, 0x72, 0x7D), bottom=(0x1D, 0x4C, 0x56), outline=(0x0A, 0x22, 0x28),
+                                  highlight=(0x5F, 0x9C, 0xA6), glyph=(0xFF, 0xDA, 0x8E),
+                                  detail=(0xD9, 0xA8, 0x5C)),
+        "pixel": harbour_pixel,
+    },
+    {
+        "name": "Graphite Mint",
+        "wallpaper": "GraphiteMint.jpg",
+        "colors": scheme(background=(0x24, 0x27, 0x2A), picture_border=(0x5C, 0xC9, 0x9B),
+                         container=(0x34, 0x38, 0x3D), container_label=(0xA6, 0xF0, 0xCF),
+                         note_back=(0xEC, 0xF6, 0xF1), note_text=(0x1C, 0x23, 0x20),
+                         foreground=(0xE6, 0xEB, 0xE8)),
+        "buttons": button_palette(top=(0x4E, 0x54, 0x5B), bottom=(0x35, 0x39, 0x3E), outline=(0x15, 0x17, 0x19),
+                                  highlight=(0x71, 0x78, 0x80), glyph=(0x8E, 0xF0, 0xC4),
+                                  detail=(0x4F, 0xB8, 0x8C)),
+        "pixel": graphite_pixel,
+    },
+    {
+        "name": "Paper Light",
+        "wallpaper": "PaperLight.jpg",
+        "colors": scheme(background=(0xEC, 0xE8, 0xDF), picture_border=(0x8A, 0x7F, 0x6E),
+                         container=(0xFB, 0xF9, 0xF3), container_label=(0x2C, 0x3E, 0x50),
+                         note_back=(0xFF, 0xF4, 0xB8), note_text=(0x33, 0x2B, 0x10),
+                         foreground=(0x2B, 0x2D, 0x30)),
+        "buttons": button_palette(top=(0xFF, 0xFE, 0xFA), bottom=(0xE2, 0xDC, 0xD0), outline=(0x8F, 0x87, 0x79),
+                                  highlight=(0xFF, 0xFF, 0xFF), glyph=(0x2C, 0x3E, 0x50),
+                                  detail=(0x7D, 0x8E, 0x9F)),
+        "pixel": paper_pixel,
+    },
+]
+
+# Colour schemes of their own (no wallpaper, no buttons): file name and colours.
+SCHEMES = [
+    ("midnight orchid", scheme(background=(0x1E, 0x14, 0x2E), picture_border=(0x9B, 0x6B, 0xD6),
+                               container=(0x35, 0x23, 0x50), container_label=(0xFF, 0xFF, 0xFF),
+                               note_back=(0xF6, 0xEF, 0xFF), note_text=(0x21, 0x14, 0x33),
+                               foreground=(0xEE, 0xE4, 0xFF))),
+    ("ember glow", scheme(background=(0x2A, 0x12, 0x0C), picture_border=(0xE0, 0x6B, 0x2B),
+                          container=(0x5A, 0x22, 0x12), container_label=(0xFF, 0xDC, 0xB0),
+                          note_back=(0xFF, 0xF1, 0xE0), note_text=(0x3A, 0x1A, 0x0A),
+                          foreground=(0xFF, 0xE9, 0xD6))),
+    ("moss and stone", scheme(background=(0x24, 0x2E, 0x22), picture_border=(0x8D, 0xA0, 0x6E),
+                              container=(0x3B, 0x4A, 0x35), container_label=(0xF4, 0xF7, 0xEC),
+                              note_back=(0xF1, 0xF4, 0xE6), note_text=(0x24, 0x2E, 0x22),
+                              foreground=(0xE6, 0xEB, 0xDC))),
+    ("arctic morning", scheme(background=(0xDD, 0xE8, 0xF0), picture_border=(0x7A, 0x9C, 0xBF),
+                              container=(0xF7, 0xFB, 0xFF), container_label=(0x1D, 0x4E, 0x89),
+                              note_back=(0xFF, 0xFF, 0xFF), note_text=(0x1B, 0x2A, 0x3A),
+                              foreground=(0x1B, 0x2A, 0x3A))),
+    ("high contrast", scheme(background=(0x00, 0x00, 0x00), picture_border=(0xFF, 0xFF, 0x00),
+                             container=(0x14, 0x14, 0x14), container_label=(0xFF, 0xFF, 0x00),
+                             note_back=(0xFF, 0xFF, 0xFF), note_text=(0x00, 0x00, 0x00),
+                             foreground=(0xFF, 0xFF, 0xFF))),
+]
 
 
 # The page that stands for the web browser: web shortcuts show the desktop's icon for an HTML page.
@@ -1393,8 +1551,17 @@ def generate(include_wallpaper=True):
     files["Skin/Colors/plain white on blue.pkc"] = color_file(theme=False)
     files["Skin/plain white on blue.pkt"] = color_file(theme=True)
     files["Perchdock Home Page.html"] = HOME_PAGE.encode("utf-8")
+    for theme in THEMES:
+        for name in BUTTON_FILES:
+            files["Skin/Buttons/%s/%s.gif" % (theme["name"], name)] = button(name, theme["buttons"])
+        files["Skin/%s.pkt" % theme["name"].lower()] = color_file(
+            True, theme["colors"], wallpaper=theme["wallpaper"], buttons=theme["name"])
+    for name, colors in SCHEMES:
+        files["Skin/Colors/%s.pkc" % name] = color_file(False, colors)
     if include_wallpaper:
         files["Skin/Wallpaper/" + WALLPAPER] = encode_jpeg(1024, 768, wallpaper_pixel, quality=92)
+        for theme in THEMES:
+            files["Skin/Wallpaper/" + theme["wallpaper"]] = encode_jpeg(1024, 768, theme["pixel"], quality=90)
     return files
 
 

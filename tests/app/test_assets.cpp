@@ -14,6 +14,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstdint>
 #include <cstdlib>
 #include <vector>
@@ -206,6 +207,128 @@ TEST(Assets, DefaultColourSchemeAndTheme) {
     // What the theme names is there.
     EXPECT_TRUE(QFileInfo::exists(AssetPath("Skin/Wallpaper/PlainWhiteOnBlue.jpg")));
     EXPECT_TRUE(QFileInfo(AssetPath(kButtonSet)).isDir());
+}
+
+// --- the further themes and colour schemes ---
+
+const QStringList kColorKeys = {"[Background]",        "[PictureBorder]",    "[ContainerFor]", "[ContainerLabel]",
+                                "[ContainerTextBack]", "[ContainerTextFor]", "[Foreground]"};
+
+// The colour of a key in a file's lines, as 0x00BBGGRR.
+uint32_t ColorOf(const QStringList& lines, const QString& key) {
+    const qsizetype at = lines.indexOf(key);
+    EXPECT_GE(at, 0) << qPrintable(key);
+    if (at < 0 || at + 1 >= lines.size()) return 0;
+    bool ok = false;
+    const uint32_t v = lines[at + 1].trimmed().toUInt(&ok);
+    EXPECT_TRUE(ok) << qPrintable(lines[at + 1]);
+    return v;
+}
+
+// The contrast ratio of two colours (1 to 21), by their relative luminance.
+double Contrast(uint32_t a, uint32_t b) {
+    auto lum = [](uint32_t c) {
+        auto ch = [](uint32_t v) {
+            const double s = v / 255.0;
+            return s <= 0.03928 ? s / 12.92 : std::pow((s + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * ch(c & 0xFF) + 0.7152 * ch((c >> 8) & 0xFF) + 0.0722 * ch((c >> 16) & 0xFF);
+    };
+    const double la = lum(a), lb = lum(b);
+    return (std::max(la, lb) + 0.05) / (std::min(la, lb) + 0.05);
+}
+
+void ExpectColourLines(const QStringList& lines) {
+    ASSERT_GE(lines.size(), 15);
+    EXPECT_EQ(lines[0], QStringLiteral("[1.01]"));
+    for (int k = 0; k < kColorKeys.size(); ++k) {
+        EXPECT_EQ(lines[1 + 2 * k], kColorKeys[k]);
+        // Numbers as the program writes them: a blank, the digits, a blank.
+        EXPECT_TRUE(lines[2 + 2 * k].startsWith(QLatin1Char(' ')) && lines[2 + 2 * k].endsWith(QLatin1Char(' ')))
+            << qPrintable(lines[2 + 2 * k]);
+    }
+    // Text stays legible on what it stands on: the background, the containers, the notes.
+    EXPECT_GE(Contrast(ColorOf(lines, "[Background]"), ColorOf(lines, "[Foreground]")), 7.0);
+    EXPECT_GE(Contrast(ColorOf(lines, "[ContainerFor]"), ColorOf(lines, "[ContainerLabel]")), 7.0);
+    EXPECT_GE(Contrast(ColorOf(lines, "[ContainerTextBack]"), ColorOf(lines, "[ContainerTextFor]")), 7.0);
+}
+
+QStringList Listed(const QString& folder, const QString& pattern) {
+    return QDir(AssetPath(folder)).entryList({pattern}, QDir::Files, QDir::Name);
+}
+
+TEST(Assets, AtLeastFourThemesAndSixColourSchemesShip) {
+    EXPECT_GE(Listed("Skin", "*.pkt").size(), 4);
+    EXPECT_GE(Listed("Skin/Colors", "*.pkc").size(), 6);
+    EXPECT_EQ(QDir(AssetPath("Skin/Buttons")).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(),
+              Listed("Skin", "*.pkt").size());
+}
+
+TEST(Assets, EveryColourSchemeHasTheSevenColoursLegibly) {
+    for (const QString& f : Listed("Skin/Colors", "*.pkc")) {
+        SCOPED_TRACE(f.toStdString());
+        // Shown lower case in the lists, so named so on the disk.
+        EXPECT_EQ(f, f.toLower());
+        const QStringList lines = ReadLines("Skin/Colors/" + f);
+        EXPECT_EQ(lines.size(), 15);
+        ExpectColourLines(lines);
+    }
+}
+
+TEST(Assets, EveryThemeNamesAWallpaperAndAButtonSetThatShip) {
+    for (const QString& f : Listed("Skin", "*.pkt")) {
+        SCOPED_TRACE(f.toStdString());
+        EXPECT_EQ(f, f.toLower());
+        const QStringList lines = ReadLines("Skin/" + f);
+        ASSERT_EQ(lines.size(), 20);
+        ExpectColourLines(lines);
+        EXPECT_EQ(lines[15], QStringLiteral("[Wallpaper]"));
+        EXPECT_EQ(lines[17], QStringLiteral("1"));
+        EXPECT_EQ(lines[18], QStringLiteral("[Buttons]"));
+        const QString wallpaper = "Skin/Wallpaper/" + lines[16];
+        EXPECT_EQ(QImageReader(AssetPath(wallpaper)).format(), QByteArray("jpeg"));
+        EXPECT_EQ(Load(wallpaper).size(), QSize(1024, 768));
+        EXPECT_LT(QFileInfo(AssetPath(wallpaper)).size(), 150 * 1024);
+        // The theme is named after its button set.
+        EXPECT_EQ(lines[19].toLower() + ".pkt", f);
+        const QString set = "Skin/Buttons/" + lines[19] + "/";
+        QStringList expected;
+        for (const QString& b : kButtons) expected << b + ".gif";
+        expected.sort();
+        EXPECT_EQ(QDir(AssetPath(set)).entryList(QDir::Files, QDir::Name), expected);
+        std::vector<QImage> images;
+        for (const QString& b : kButtons) {
+            const QImage image = Load(set + b + ".gif");
+            ASSERT_EQ(image.size(), QSize(16, 16)) << qPrintable(b);
+            EXPECT_TRUE(Transparent(image, 0, 0) && Transparent(image, 15, 15)) << qPrintable(b);
+            EXPECT_EQ(CountOpaque(image), 256 - 12) << qPrintable(b);
+            images.push_back(image);
+        }
+        for (size_t i = 0; i < images.size(); ++i)
+            for (size_t j = i + 1; j < images.size(); ++j) EXPECT_NE(images[i], images[j]);
+        // The glyph stands out from the body of the button.
+        const QImage fold = Load(set + "fold.gif");
+        int lightest = 0, darkest = 255;
+        for (int y = 2; y < 14; ++y)
+            for (int x = 2; x < 14; ++x) {
+                lightest = std::max(lightest, fold.pixelColor(x, y).lightness());
+                darkest = std::min(darkest, fold.pixelColor(x, y).lightness());
+            }
+        EXPECT_GT(lightest - darkest, 90);
+    }
+}
+
+TEST(Assets, TheThemesWallpapersDiffer) {
+    QStringList seen;
+    std::vector<QImage> images;
+    for (const QString& f : Listed("Skin", "*.pkt")) {
+        const QString name = ReadLines("Skin/" + f).value(16);
+        EXPECT_FALSE(seen.contains(name)) << qPrintable(name);
+        seen << name;
+        images.push_back(Load("Skin/Wallpaper/" + name).scaled(64, 48));
+    }
+    for (size_t i = 0; i < images.size(); ++i)
+        for (size_t j = i + 1; j < images.size(); ++j) EXPECT_NE(images[i], images[j]);
 }
 
 struct Wav {
