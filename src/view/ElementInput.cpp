@@ -10,6 +10,7 @@
 #include "containers/Shrinking.h"
 #include "containers/TitleMouse.h"
 #include "desk/Notes.h"
+#include "view/DeskInput.h"
 #include "shortcuts/Launch.h"
 #include "shortcuts/LinkMouse.h"
 #include "shortcuts/LinkSelection.h"
@@ -230,6 +231,7 @@ void WireTitleBand(InputContext& ctx, ElementWidget& w) {
 
 void WireElementInput(InputContext& ctx, ElementWidget& w) {
     Workspace& ws = ctx.ws;
+    if (WireDeskInput(ctx, w)) return;
     WireDropInput(ctx, w);
     const QString& name = w.element().Name();
     const int i = w.element().Index();

@@ -9,6 +9,8 @@
 #include "platform/qt/QtPlatform.h"
 #include "platform/qt/SignalBridge.h"
 #include "view/ElementInput.h"
+#include "view/DeskInput.h"
+#include "view/ReminderWindows.h"
 #include "view/ElementView.h"
 #include "window/FeedTooltip.h"
 #include "view/FeedTooltipWindow.h"
@@ -114,6 +116,10 @@ int RunProgram(int argc, char** argv) {
             feedsView.wireWidget(w);
         };
     }
+    // Notes, the reminder dialog and the alarm windows.
+    InstallDeskView(ws);
+    InstallReminderWindows(ws, platform.programDirectory(),
+                           [&platform](const QString& name, QWidget* w) { platform.registerWindow(name, w); });
     view.attach();
     findView.attach();
 
