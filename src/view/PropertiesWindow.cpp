@@ -19,6 +19,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -89,6 +90,12 @@ PropertiesWindow::PropertiesWindow(Workspace& ws, std::function<QMenu*(const QSt
     t.Properties.onChanged = [this] { sync(); };
     t.onShowProperties = [this] {
         sync();
+        if (!placed_) {
+            // The first showing comes up in the middle of the screen; later ones where it was left.
+            adjustSize();
+            if (const QScreen* s = screen()) move(s->availableGeometry().center() - rect().center());
+            placed_ = true;
+        }
         show();
         raise();
         activateWindow();

@@ -62,6 +62,7 @@ class PropertiesWindow : public QWidget {
     std::map<QString, QPushButton*> settingsButtons_;
     QPoint dragFrom_;
     bool dragging_ = false;
+    bool placed_ = false;
     QMenu* lastPopup_ = nullptr;
     QPoint lastPopupAt_;
 };

@@ -6,6 +6,9 @@
 #include "themes/Properties.h"
 #include "themes/ThemeState.h"
 
+#include <QFile>
+#include <QFileInfo>
+
 #include <gtest/gtest.h>
 
 using namespace pd;
@@ -318,4 +321,47 @@ TEST_F(ThemeFiles, DeletingASchemeAsksAndRemovesItsFile) {
     cmdDeleteColors_Click(ws());
     EXPECT_FALSE(t.dataExists(QStringLiteral("Skin/Colors/Ember.pkc")));
     EXPECT_EQ(dlg().ListColors, (QStringList{"moss"}));
+}
+
+// --- the shipped skins ---
+
+TEST(ShippedSkins, TheFirstRunCopiesThemAndLaterRunsNeverOverwriteTheUsersFiles) {
+    TestWorkspace t;
+    auto ship = [&t](const QString& rel, const QByteArray& bytes) {
+        const QString path = QDir(t.programDir()).filePath(QStringLiteral("Skin/") + rel);
+        QDir().mkpath(QFileInfo(path).path());
+        QFile f(path);
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write(bytes);
+    };
+    ship(QStringLiteral("harbour dusk.pkt"), "shipped theme");
+    ship(QStringLiteral("Colors/ember glow.pkc"), "shipped scheme");
+    ship(QStringLiteral("Wallpaper/HarbourDusk.jpg"), "shipped picture");
+    ship(QStringLiteral("Buttons/Harbour Dusk/fold.gif"), "shipped button");
+    t.start();
+    EXPECT_EQ(t.readData(QStringLiteral("Skin/harbour dusk.pkt")), QByteArray("shipped theme"));
+    EXPECT_EQ(t.readData(QStringLiteral("Skin/Colors/ember glow.pkc")), QByteArray("shipped scheme"));
+    EXPECT_EQ(t.readData(QStringLiteral("Skin/Wallpaper/HarbourDusk.jpg")), QByteArray("shipped picture"));
+    EXPECT_EQ(t.readData(QStringLiteral("Skin/Buttons/Harbour Dusk/fold.gif")), QByteArray("shipped button"));
+
+    // The user changes a theme and deletes a scheme; the next start leaves both so.
+    t.writeData(QStringLiteral("Skin/harbour dusk.pkt"), "my own theme");
+    QFile::remove(t.dataFile(QStringLiteral("Skin/Colors/ember glow.pkc")));
+    t.restart();
+    t.start();
+    EXPECT_EQ(t.readData(QStringLiteral("Skin/harbour dusk.pkt")), QByteArray("my own theme"));
+    EXPECT_FALSE(t.dataExists(QStringLiteral("Skin/Colors/ember glow.pkc")));
+}
+
+TEST(ShippedSkins, AnExistingSkinFolderIsLeftAsItIs) {
+    TestWorkspace t;
+    const QString shipped = QDir(t.programDir()).filePath(QStringLiteral("Skin/Colors/moss.pkc"));
+    QDir().mkpath(QFileInfo(shipped).path());
+    QFile f(shipped);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write("shipped");
+    f.close();
+    t.writeData(QStringLiteral("Skin/Colors/moss.pkc"), "the user's");
+    t.start();
+    EXPECT_EQ(t.readData(QStringLiteral("Skin/Colors/moss.pkc")), QByteArray("the user's"));
 }
