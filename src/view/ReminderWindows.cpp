@@ -133,6 +133,9 @@ ReminderDialog::ReminderDialog(ReminderForm& form, const QString& programDirecto
     }
     form_.onChanged = [this] { sync(); };
     sync();
+    // The keyboard starts at the first field, the month, and goes from the AM/PM field to the note.
+    QWidget::setTabOrder(ampm_, text_);
+    month_->setFocus();
 }
 
 void ReminderDialog::run(void (ReminderForm::*handler)()) {
