@@ -4,6 +4,7 @@
 #include "app/workspace/Workspace.h"
 #include "containers/Containers.h"
 #include "containers/Shrinking.h"
+#include "feeds/FeedContainers.h"
 #include "themes/Buttons.h"
 #include "themes/ThemeState.h"
 #include "window/AutoHide.h"
@@ -45,8 +46,9 @@ void ApplyContainerColors(Workspace& ws, int i, int32_t Back, int32_t Fore, bool
         ThemeState& t = Themes(ws);
         if (feed) {
             if (ws.lblRSSLastUpdate.exists(r->FeedIndex)) ws.lblRSSLastUpdate(r->FeedIndex).ForeColor = Fore;
+            // The feed's address is the container's CopyPath.
             if (t.AddRSSShrinkIcon) t.AddRSSShrinkIcon(r->CopyPath, i);
-            else AddShrinkIcon(ws, r->IconPath, i);
+            else AddRSSShrinkIcon(ws, r->CopyPath, i);
         } else {
             AddShrinkIcon(ws, r->IconPath, i);
         }

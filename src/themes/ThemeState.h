@@ -97,8 +97,8 @@ struct ThemeState {
     // Set by the view: opens the main window's menu `menu` as a pop-up just under the dialog's button
     // `button`. Headless there is none and the button does nothing.
     std::function<void(const QString& menu, const QString& button)> onPopupMenu;
-    // The feed subsystem's icon drawer for a feed container's tile (url, container). While it is not
-    // set, a feed container's tile is drawn from its icon path like any other.
+    // Draws a feed container's tile instead of the feed subsystem's AddRSSShrinkIcon (url, container),
+    // when set; tests use it to see the call.
     std::function<void(const QString& url, int i)> AddRSSShrinkIcon;
 };
 

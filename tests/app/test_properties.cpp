@@ -424,3 +424,32 @@ TEST_F(Properties, AThemeChosenInTheDialogReachesTheWorkspaceAndTheFile) {
     EXPECT_EQ(Saved("[Wallpaper]"), t.dataFile(QStringLiteral("Skin/Wallpaper/Ocean.jpg")));
     EXPECT_EQ(Saved("[Buttons]"), QStringLiteral("Sea"));
 }
+
+TEST_F(Properties, APreviewWhoseSetLacksAFileKeepsThatBoxsOldImage) {
+    const QString dir = t.dataFile(QStringLiteral("Skin/Buttons/"));
+    for (const char* f : kButtonFiles) {
+        t.platform.images[dir + QStringLiteral("Amber/") + QString::fromLatin1(f)] = QSize(16, 16);
+        t.platform.images[dir + QStringLiteral("Moss/") + QString::fromLatin1(f)] = QSize(16, 16);
+    }
+    t.platform.images.erase(dir + QStringLiteral("Moss/fold.gif"));
+    FrmProperties_Load(ws());
+    CboButtons_Click(ws(), QStringLiteral("Amber"));
+    CboButtons_Click(ws(), QStringLiteral("Moss"));
+    EXPECT_EQ(dlg().PicButton[11], dir + QStringLiteral("Amber/fold.gif"));
+    EXPECT_EQ(dlg().PicButton[12], dir + QStringLiteral("Moss/unfold.gif"));
+}
+
+TEST_F(Properties, ApplyingAButtonSetGivesDeadContainerSlotsTheirImagesToo) {
+    const int live = t.newContainerAt(600, 600);
+    const int dead = t.newContainerAt(6000, 600);
+    ws().Group(dead).Visible = false;
+    const QString dir = t.dataFile(QStringLiteral("Skin/Buttons/Amber/"));
+    for (const char* f : kButtonFiles) t.platform.images[dir + QString::fromLatin1(f)] = QSize(16, 16);
+    FrmProperties_Load(ws());
+    CboButtons_Click(ws(), QStringLiteral("Amber"));
+    cmdApply_Click(ws());
+    for (int i : {live, dead}) {
+        EXPECT_EQ(ws().picShrink(i).Picture.get(), dir + QStringLiteral("shrink.gif")) << i;
+        EXPECT_EQ(ws().picPinNote(i).Picture.get(), dir + QStringLiteral("noteshow.gif")) << i;
+    }
+}

@@ -20,6 +20,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QPushButton>
 
 #include <gtest/gtest.h>
@@ -184,6 +185,26 @@ TEST_F(PropertiesWindowTest, TheContainerColorsWindowShowsSwitchesAndCancels) {
     EXPECT_FALSE(w.isVisible());
     EXPECT_EQ(ws().grpBorder(c).BackColor.get(), 0x00FFFF);
     EXPECT_EQ(ws().grpBorder(c).ForeColor.get(), 0x000080);
+}
+
+TEST_F(PropertiesWindowTest, TheCaptionBandDragsTheWindow) {
+    PropertiesWindow w(ws(), [this](const QString& n) { return menus->menu(n); });
+    ws().menus["mnuProperties"].Click();
+    w.move(200, 150);
+    const QPoint start = w.pos();
+    QLabel* caption = Find<QLabel>(w, "lblCaption");
+    const QPoint at(10, 5);
+    const QPoint g = caption->mapToGlobal(at);
+    QMouseEvent press(QEvent::MouseButtonPress, QPointF(at), QPointF(g), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(caption, &press);
+    QMouseEvent move(QEvent::MouseMove, QPointF(at + QPoint(40, 30)), QPointF(g + QPoint(40, 30)), Qt::NoButton,
+                     Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(caption, &move);
+    QMouseEvent release(QEvent::MouseButtonRelease, QPointF(at + QPoint(40, 30)), QPointF(g + QPoint(40, 30)),
+                        Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(caption, &release);
+    EXPECT_EQ(w.pos(), start + QPoint(40, 30));
+    EXPECT_TRUE(Themes(ws()).Properties.Loaded);
 }
 
 TEST(FontFallbacks, VerdanaIsDrawnInASimilarFaceWhenAbsent) {
