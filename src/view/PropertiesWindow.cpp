@@ -188,6 +188,12 @@ void PropertiesWindow::build() {
     picWallpaper_->setCursor(Qt::PointingHandCursor);
     picWallpaper_->setFrameShape(QFrame::Box);
     picWallpaper_->installEventFilter(this);
+    // imgWallpaper holds the picture over the whole box; the caption stands over it.
+    imgWallpaper_ = new QLabel(picWallpaper_);
+    imgWallpaper_->setObjectName(QStringLiteral("imgWallpaper"));
+    imgWallpaper_->setGeometry(picWallpaper_->rect());
+    imgWallpaper_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    imgWallpaper_->installEventFilter(this);
     auto* imgLayout = new QVBoxLayout(picWallpaper_);
     imgLayout->setContentsMargins(0, 0, 0, 0);
     lblWallpaper_ = new QLabel(QStringLiteral("Click to Select Wallpaper"), picWallpaper_);
@@ -341,7 +347,7 @@ void PropertiesWindow::sync() {
     if (f.chkWallpaper && !f.imgWallpaper.isEmpty()) {
         const QPixmap pic(f.imgWallpaper);
         if (!pic.isNull()) {
-            const QSize area = picWallpaper_->size();
+            const QSize area = picWallpaper_->contentsRect().size();
             if (f.chkStretch) {
                 shown = pic.scaled(area, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
             } else {
@@ -355,8 +361,8 @@ void PropertiesWindow::sync() {
             }
         }
     }
-    picWallpaper_->setPixmap(shown);
-    picWallpaper_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    imgWallpaper_->setGeometry(picWallpaper_->contentsRect());
+    imgWallpaper_->setPixmap(shown);
     QPalette lp = lblWallpaper_->palette();
     lp.setColor(QPalette::WindowText, ToQColor(f.lblWallpaperForeColor));
     lblWallpaper_->setPalette(lp);
@@ -408,7 +414,7 @@ void PropertiesWindow::popup(const QString& menu, const QString& button) {
 }
 
 bool PropertiesWindow::eventFilter(QObject* watched, QEvent* ev) {
-    if (watched == picWallpaper_ || watched == lblWallpaper_) {
+    if (watched == picWallpaper_ || watched == lblWallpaper_ || watched == imgWallpaper_) {
         if (ev->type() == QEvent::MouseButtonRelease &&
             static_cast<QMouseEvent*>(ev)->button() == Qt::LeftButton) {
             picWallpaper_Click(ws_);

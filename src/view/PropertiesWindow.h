@@ -49,6 +49,7 @@ class PropertiesWindow : public QWidget {
     QWidget* moveMe_ = nullptr;
     QLabel* picWallpaper_ = nullptr;
     QLabel* lblWallpaper_ = nullptr;
+    QLabel* imgWallpaper_ = nullptr;
     QCheckBox* chkWallpaper_ = nullptr;
     QCheckBox* chkStretch_ = nullptr;
     QComboBox* cboButtons_ = nullptr;

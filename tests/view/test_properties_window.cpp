@@ -15,6 +15,9 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
+#include <QFileInfo>
+#include <QImage>
 #include <QFontDatabase>
 #include <QLabel>
 #include <QLineEdit>
@@ -67,6 +70,9 @@ TEST_F(PropertiesWindowTest, F4ShowsTheWindowWithEveryElementAndTheWorkspacesCol
     EXPECT_EQ(Find<QPushButton>(w, "picDockBorder")->toolTip(),
               QStringLiteral("Border color when the workspace is hidden at one of the screen edges"));
     EXPECT_EQ(Find<QLabel>(w, "lblWallpaper")->text(), QStringLiteral("Click to Select Wallpaper"));
+    Find<QLabel>(w, "picWallpaper");
+    Find<QLabel>(w, "imgWallpaper");
+    Find<QLabel>(w, "picMoveMe");
     EXPECT_EQ(Find<QCheckBox>(w, "chkWallpaper")->text(), QStringLiteral("&Wallpaper"));
     EXPECT_EQ(Find<QCheckBox>(w, "chkStretch")->text(), QStringLiteral("S&tretch"));
     EXPECT_EQ(Find<QPushButton>(w, "CmdFont")->text(), QStringLiteral("Se&lect"));
@@ -205,6 +211,26 @@ TEST_F(PropertiesWindowTest, TheCaptionBandDragsTheWindow) {
     QApplication::sendEvent(caption, &release);
     EXPECT_EQ(w.pos(), start + QPoint(40, 30));
     EXPECT_TRUE(Themes(ws()).Properties.Loaded);
+}
+
+TEST_F(PropertiesWindowTest, ThePreviewShowsTheWallpaperStretchedOverTheBox) {
+    QImage red(80, 60, QImage::Format_RGB32);
+    red.fill(QColor(200, 30, 30));
+    const QString file = t.dataFile(QStringLiteral("Skin/Wallpaper/red.png"));
+    QDir().mkpath(QFileInfo(file).path());
+    ASSERT_TRUE(red.save(file));
+    ws().WallpaperPath = file;
+    ws().StretchWallpaper = true;
+    PropertiesWindow w(ws(), [this](const QString& n) { return menus->menu(n); });
+    ws().menus["mnuProperties"].Click();
+    QLabel* img = Find<QLabel>(w, "imgWallpaper");
+    const QPixmap shown = img->pixmap();
+    ASSERT_FALSE(shown.isNull());
+    EXPECT_EQ(shown.size(), Find<QLabel>(w, "picWallpaper")->contentsRect().size());
+    EXPECT_EQ(shown.toImage().pixelColor(shown.width() - 2, shown.height() - 2), QColor(200, 30, 30));
+    // Unchecked, the box shows only the background colour.
+    Find<QCheckBox>(w, "chkWallpaper")->click();
+    EXPECT_TRUE(img->pixmap().isNull());
 }
 
 TEST(FontFallbacks, VerdanaIsDrawnInASimilarFaceWhenAbsent) {
