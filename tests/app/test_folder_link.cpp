@@ -2,7 +2,9 @@
 // subfolders, in the file managers' order), refresh on expand, the menu entries, a folder gone.
 
 #include "containers/ContainerMenus.h"
+#include "containers/Containers.h"
 #include "containers/Folding.h"
+#include "containers/Shrinking.h"
 #include "shell/FolderLink.h"
 #include "shell/ShellState.h"
 #include "shortcuts/LinkLayout.h"
@@ -170,6 +172,19 @@ TEST_F(FolderLink, AContainerThatRefreshesOnExpandRebuildsOnEachUnfold) {
     EXPECT_EQ(shown, (QStringList{QStringLiteral("a.txt"), QStringLiteral("b.txt")}));
     mnuRefreshOnExpand_Click(ws());
     EXPECT_FALSE(ws().Containers[c].RefreshOnExpand);
+}
+
+TEST_F(FolderLink, AShrunkContainerThatRefreshesOnExpandRebuildsWhenItExpands) {
+    const QString folder = MakeDir(QStringLiteral("mirror"));
+    const int c = LinkedContainer(folder);
+    ws().Containers[c].RefreshOnExpand = true;
+    ToggleShrink(ws(), c);
+    ASSERT_TRUE(IsShrunkSize(ws(), c));
+    MakeFile(QStringLiteral("mirror/late.txt"));
+    EXPECT_EQ(ws().LinkCount, 0);
+    ToggleShrink(ws(), c);
+    EXPECT_FALSE(IsShrunkSize(ws(), c));
+    EXPECT_EQ(Captions(c), QStringList{QStringLiteral("late.txt")});
 }
 
 TEST_F(FolderLink, TheFolderEntriesShowOnlyOnAFolderLinkContainer) {

@@ -6,7 +6,8 @@
 #   into a folder;
 # - a file dragged onto the folder-link container is copied into its folder, and the new shortcut points
 #   at the copy;
-# - a shortcut dragged out of the folder-link container leaves as a file drag that the helper takes.
+# - a shortcut dragged out of the folder-link container leaves as a file drag that the helper takes;
+# - with Ctrl held at the drop the file is moved: copied in, and the source goes to the trash.
 # Arguments: <perchdock> <Reloader> <shell_helper>
 HELPER=${3:?usage: $0 <perchdock> <Reloader> <shell_helper>}
 source "$(dirname "$0")/lib.sh" "$@"
@@ -22,6 +23,7 @@ echo beta >"$FOLDER/a.txt"
 echo one >"$SRC/drop1.txt"
 echo two >"$SRC/drop2.txt"
 echo new >"$SRC/new.txt"
+echo moved >"$SRC/move.txt"
 
 # The window: 1000 by 600 pixels at (100, 100). Container 0, "Mirror", at (300, 100) in the window, 200 by
 # 200 pixels, folded, linked to the folder and refreshed when it unfolds.
@@ -91,6 +93,10 @@ drag_from_helper() {
     sleep 0.05
   done
   sleep 0.5
+  if [ -n "${DRAG_BEFORE_RELEASE:-}" ]; then
+    "$DRAG_BEFORE_RELEASE"
+    sleep 0.2
+  fi
   xdotool mousemove "$x" "$y"
   sleep 0.3
   xdotool mouseup 1
@@ -177,6 +183,22 @@ done
 cat "$out"
 grep -q "^dropped file://$FOLDER/a.txt" "$out" || fail "the file drag did not carry a.txt first"
 log "a shortcut dragged out of the folder-link container left as a file drag"
+
+# 6. Ctrl held at the drop on the folder-link container: the file is copied in and its source trashed.
+drag_ctrl() { xdotool keydown ctrl; }
+DRAG_BEFORE_RELEASE=drag_ctrl
+drag_from_helper "$cx" "$cy" "$SRC/move.txt"
+DRAG_BEFORE_RELEASE=
+xdotool keyup ctrl
+end=$((SECONDS + 15))
+until [ -f "$FOLDER/move.txt" ] && [ ! -e "$SRC/move.txt" ]; do
+  [ $SECONDS -lt $end ] || fail "a Ctrl-drop on the folder-link container did not move the file (copy: $([ -f "$FOLDER/move.txt" ] && echo yes || echo no), source left: $([ -e "$SRC/move.txt" ] && echo yes || echo no))"
+  sleep 0.2
+done
+[ -f "$XDG_DATA_HOME/Trash/files/move.txt" ] || fail "the moved file's source is not in the trash"
+[ "$(cat "$XDG_DATA_HOME/Trash/files/move.txt")" = moved ] || fail "the trash holds another file"
+wait_rec 10 "$FOLDER/move.txt" || fail "the moved file's shortcut does not point at the copy"
+log "a Ctrl-drop moved the file into the folder and its source to the trash"
 
 stop_program "$PROGRAM_PID"
 log "PASS"
