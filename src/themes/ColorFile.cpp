@@ -14,7 +14,9 @@ namespace pd {
 
 namespace {
 
-QString SkinFolder(Workspace& ws, const char* sub) { return ws.dataFile(QString::fromLatin1(sub)); }
+QString SkinFolder(Workspace& ws, const char* sub) {
+    return ws.dataFile(QString::fromLatin1(sub));
+}
 
 // The colour keys of both kinds of file, in the order they are written, with the dialog's box of each.
 struct ColorKey {
@@ -47,7 +49,8 @@ QStringList ListNames(const QString& folder, const QString& pattern) {
     QStringList names;
     const QStringList files =
         QDir(folder).entryList({pattern}, QDir::Files | QDir::Readable, QDir::Name | QDir::IgnoreCase);
-    for (const QString& f : files) names << SkinListName(f);
+    for (const QString& f : files)
+        names << SkinListName(f);
     return names;
 }
 
@@ -141,15 +144,17 @@ void cmdSaveColors_Click(Workspace& ws) {
             theme = ws.platform.messageBox(QStringLiteral("Save as Theme? (Include Wallaper and Buttons)"),
                                            MsgStyle::YesNoQuestion) == MsgAnswer::Yes;
         QDir().mkpath(ws.dataFile(QStringLiteral("Skin/Colors")));
-        const QString target = theme ? ws.dataFile(QStringLiteral("Skin/") + name + QStringLiteral(".pkt"))
-                                     : ws.dataFile(QStringLiteral("Skin/Colors/") + name + QStringLiteral(".pkc"));
+        const QString target =
+            theme ? ws.dataFile(QStringLiteral("Skin/") + name + QStringLiteral(".pkt"))
+                  : ws.dataFile(QStringLiteral("Skin/Colors/") + name + QStringLiteral(".pkc"));
         if (QFileInfo::exists(target) &&
-            ws.platform.messageBox(QStringLiteral("Overwrite: ") + name + QLatin1Char('?'), MsgStyle::YesNoWarning) !=
-                MsgAnswer::Yes)
+            ws.platform.messageBox(QStringLiteral("Overwrite: ") + name + QLatin1Char('?'),
+                                   MsgStyle::YesNoWarning) != MsgAnswer::Yes)
             continue;
         TextWriter out;
         out.line(QString::fromLatin1(kColorFileVersion));
-        for (const ColorKey& k : kColorKeys) out.pair(QString::fromLatin1(k.key), LongText(f.*k.box));
+        for (const ColorKey& k : kColorKeys)
+            out.pair(QString::fromLatin1(k.key), LongText(f.*k.box));
         if (theme) {
             out.pair(QStringLiteral("[Wallpaper]"), QFileInfo(f.imgWallpaper).fileName().trimmed());
             out.line(f.chkStretch ? QStringLiteral("1") : QStringLiteral("0"));
@@ -174,7 +179,8 @@ void cmdDeleteColors_Click(Workspace& ws) {
     if (ws.platform.messageBox(QStringLiteral("Delete: ") + name + QLatin1Char('?'), MsgStyle::YesNoWarning,
                                QStringLiteral("Delete Color Theme")) != MsgAnswer::Yes)
         return;
-    const QString file = FindSkinFile(ws.dataFile(QStringLiteral("Skin/Colors")), name + QStringLiteral(".pkc"));
+    const QString file =
+        FindSkinFile(ws.dataFile(QStringLiteral("Skin/Colors")), name + QStringLiteral(".pkc"));
     if (!file.isEmpty()) QFile::remove(file);
     ListColorSchemes(ws);
     f.changed();
@@ -203,7 +209,8 @@ void CboThemes_Click(Workspace& ws, int index) {
     if (index < 0 || index >= f.CboThemes.size()) return;
     f.CboThemesIndex = index;
     const QString name = f.CboThemes[index];
-    if (!name.isEmpty()) LoadColorFile(ws, FindSkinFile(SkinFolder(ws, "Skin"), name + QStringLiteral(".pkt")));
+    if (!name.isEmpty())
+        LoadColorFile(ws, FindSkinFile(SkinFolder(ws, "Skin"), name + QStringLiteral(".pkt")));
     f.ListColorsIndex = -1;
     f.OKButtonEnabled = true;
     f.cmdApplyEnabled = true;

@@ -47,16 +47,18 @@ void ApplyContainerColors(Workspace& ws, int i, int32_t Back, int32_t Fore, bool
         if (feed) {
             if (ws.lblRSSLastUpdate.exists(r->FeedIndex)) ws.lblRSSLastUpdate(r->FeedIndex).ForeColor = Fore;
             // The feed's address is the container's CopyPath.
-            if (t.AddRSSShrinkIcon) t.AddRSSShrinkIcon(r->CopyPath, i);
-            else AddRSSShrinkIcon(ws, r->CopyPath, i);
+            if (t.AddRSSShrinkIcon)
+                t.AddRSSShrinkIcon(r->CopyPath, i);
+            else
+                AddRSSShrinkIcon(ws, r->CopyPath, i);
         } else {
             AddShrinkIcon(ws, r->IconPath, i);
         }
     }
     // Shortcuts without a colour of their own follow the container's fore colour.
     for (int n = 0; n < ws.Link.Count(); ++n)
-        if (ws.Link.exists(n) && ws.Link(n).Container() == &ws.grpBorder(i) && n < static_cast<int>(ws.Links.size()) &&
-            ws.Links[n].LinkColor == -1)
+        if (ws.Link.exists(n) && ws.Link(n).Container() == &ws.grpBorder(i) &&
+            n < static_cast<int>(ws.Links.size()) && ws.Links[n].LinkColor == -1)
             ws.Link(n).ForeColor = Fore;
 }
 
@@ -74,8 +76,12 @@ void mnuContainerColors_Click(Workspace& ws) {
     if (t.onShowConColors) t.onShowConColors();
 }
 
-void picBack_Click(Workspace& ws) { Choose(ws, &FrmConColors::picBack); }
-void picFore_Click(Workspace& ws) { Choose(ws, &FrmConColors::picFore); }
+void picBack_Click(Workspace& ws) {
+    Choose(ws, &FrmConColors::picBack);
+}
+void picFore_Click(Workspace& ws) {
+    Choose(ws, &FrmConColors::picFore);
+}
 
 void CmdSwitch_Click(Workspace& ws) {
     FrmConColors& f = Themes(ws).ConColors;
@@ -117,6 +123,8 @@ void ConColors_OKButton_Click(Workspace& ws) {
     SaveDesktop(ws, true, false);
 }
 
-void ConColors_CancelButton_Click(Workspace& ws) { Unload(ws); }
+void ConColors_CancelButton_Click(Workspace& ws) {
+    Unload(ws);
+}
 
 } // namespace pd

@@ -127,9 +127,9 @@ void ColorBox_Click(Workspace& ws, const QString& box) {
 }
 
 void picWallpaper_Click(Workspace& ws) {
-    const QString file = ws.platform.chooseOpenFileIn(QStringLiteral("Open Picture"), QStringLiteral("Picture Files"),
-                                                      QStringLiteral("*.jpg; *.bmp; *.gif"),
-                                                      ws.dataFile(QStringLiteral("Skin/Wallpaper")));
+    const QString file = ws.platform.chooseOpenFileIn(
+        QStringLiteral("Open Picture"), QStringLiteral("Picture Files"),
+        QStringLiteral("*.jpg; *.bmp; *.gif"), ws.dataFile(QStringLiteral("Skin/Wallpaper")));
     if (file.isEmpty()) return;
     if (!ws.platform.imageSize(file).isValid()) {
         ws.platform.messageBox(QStringLiteral("Unable to load selected picture"), MsgStyle::ExclamationBox);
@@ -174,11 +174,21 @@ void CmdFont_Click(Workspace& ws) {
     Changed(ws);
 }
 
-void cmdContainersSettings_Click(Workspace& ws) { PopUp(ws, "mnuContainers", "cmdContainersSettings"); }
-void cmdDockSettings_Click(Workspace& ws) { PopUp(ws, "mnuDock", "cmdDockSettings"); }
-void cmdGlobalSettings_Click(Workspace& ws) { PopUp(ws, "mnuGlobalSettings", "cmdGlobalSettings"); }
-void cmdRemindersSettings_Click(Workspace& ws) { PopUp(ws, "mnuReminders", "cmdRemindersSettings"); }
-void cmdShortcutsSettings_Click(Workspace& ws) { PopUp(ws, "mnuShortcuts", "cmdShortcutsSettings"); }
+void cmdContainersSettings_Click(Workspace& ws) {
+    PopUp(ws, "mnuContainers", "cmdContainersSettings");
+}
+void cmdDockSettings_Click(Workspace& ws) {
+    PopUp(ws, "mnuDock", "cmdDockSettings");
+}
+void cmdGlobalSettings_Click(Workspace& ws) {
+    PopUp(ws, "mnuGlobalSettings", "cmdGlobalSettings");
+}
+void cmdRemindersSettings_Click(Workspace& ws) {
+    PopUp(ws, "mnuReminders", "cmdRemindersSettings");
+}
+void cmdShortcutsSettings_Click(Workspace& ws) {
+    PopUp(ws, "mnuShortcuts", "cmdShortcutsSettings");
+}
 
 void cmdApply_Click(Workspace& ws) {
     ApplyProperties(ws);
@@ -192,7 +202,9 @@ void OKButton_Click(Workspace& ws) {
     FrmProperties_Unload(ws);
 }
 
-void cmdCancel_Click(Workspace& ws) { FrmProperties_Unload(ws); }
+void cmdCancel_Click(Workspace& ws) {
+    FrmProperties_Unload(ws);
+}
 
 void ApplyProperties(Workspace& ws) {
     FrmProperties& f = Themes(ws).Properties;
@@ -230,8 +242,8 @@ void ApplyProperties(Workspace& ws) {
     ws.picBack(0).ForeColor = f.PicLinkColor;
     ws.lblCaption(0).ForeColor = f.PicLinkColor;
     for (int n = 0; n < ws.Link.Count(); ++n)
-        if (ws.Link.exists(n) && ws.Link(n).Container() == &ws.picBack(0) && n < static_cast<int>(ws.Links.size()) &&
-            ws.Links[n].LinkColor == -1)
+        if (ws.Link.exists(n) && ws.Link(n).Container() == &ws.picBack(0) &&
+            n < static_cast<int>(ws.Links.size()) && ws.Links[n].LinkColor == -1)
             ws.Link(n).ForeColor = f.PicLinkColor;
     // 5. The docking strip.
     ws.DockingColor = f.picDockBorder;
@@ -241,7 +253,8 @@ void ApplyProperties(Workspace& ws) {
     // 7. The containers already there, on a yes.
     if (recolour)
         for (int i = 0; i < ws.Group.Count(); ++i)
-            if (HasLiveGroup(ws, i)) ApplyContainerColors(ws, i, ws.ContainerColor, ws.ContainerLabelColor, true);
+            if (HasLiveGroup(ws, i))
+                ApplyContainerColors(ws, i, ws.ContainerColor, ws.ContainerLabelColor, true);
     // 8. Notes and headline panels, member 0 included (new containers take theirs from it).
     for (int i = 0; i < ws.txtNote.Count(); ++i) {
         if (!ws.txtNote.exists(i)) continue;
@@ -292,7 +305,8 @@ void WireThemes(Workspace& ws) {
                      QStringLiteral("mnuOptions"));
     ws.menus["mnuProperties"].onClick = [w] { mnuProperties_Click(*w); };
     if (!ws.menus.has(QStringLiteral("mnuContainerColors")))
-        ws.menus.add(QStringLiteral("mnuContainerColors"), QStringLiteral("C&olors..."), QStringLiteral("mnuLink"));
+        ws.menus.add(QStringLiteral("mnuContainerColors"), QStringLiteral("C&olors..."),
+                     QStringLiteral("mnuLink"));
     ws.menus["mnuContainerColors"].onClick = [w] { mnuContainerColors_Click(*w); };
 }
 

@@ -15,14 +15,16 @@ namespace pd {
 namespace {
 
 QString SwatchStyle(int32_t c) {
-    return QStringLiteral("QPushButton { background-color: %1; border: 1px solid #5a5a5a; border-radius: 3px; }"
-                          "QPushButton:hover { border: 1px solid #1f6fd1; }")
+    return QStringLiteral(
+               "QPushButton { background-color: %1; border: 1px solid #5a5a5a; border-radius: 3px; }"
+               "QPushButton:hover { border: 1px solid #1f6fd1; }")
         .arg(ToQColor(c).name());
 }
 
 } // namespace
 
-ConColorsWindow::ConColorsWindow(Workspace& ws) : QDialog(nullptr, Qt::Tool | Qt::WindowStaysOnTopHint), ws_(ws) {
+ConColorsWindow::ConColorsWindow(Workspace& ws)
+    : QDialog(nullptr, Qt::Tool | Qt::WindowStaysOnTopHint), ws_(ws) {
     setObjectName(QStringLiteral("frmConColors"));
     setWindowTitle(QStringLiteral("Container Colors"));
     Workspace* w = &ws_;

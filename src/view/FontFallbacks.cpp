@@ -20,6 +20,8 @@ void InstallFontFallbacks() {
         QFont::insertSubstitutions(QStringLiteral("Tahoma"), tahoma);
 }
 
-QString ResolvedFamily(const QString& family) { return QFontInfo(QFont(family)).family(); }
+QString ResolvedFamily(const QString& family) {
+    return QFontInfo(QFont(family)).family();
+}
 
 } // namespace pd

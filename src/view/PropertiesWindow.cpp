@@ -73,8 +73,9 @@ int32_t BoxValue(const FrmProperties& f, const QString& name) {
 }
 
 QString SwatchStyle(int32_t c) {
-    return QStringLiteral("QPushButton { background-color: %1; border: 1px solid #5a5a5a; border-radius: 3px; }"
-                          "QPushButton:hover { border: 1px solid #1f6fd1; }")
+    return QStringLiteral(
+               "QPushButton { background-color: %1; border: 1px solid #5a5a5a; border-radius: 3px; }"
+               "QPushButton:hover { border: 1px solid #1f6fd1; }")
         .arg(ToQColor(c).name());
 }
 
@@ -239,7 +240,8 @@ void PropertiesWindow::build() {
     });
     auto* save = new QPushButton(QStringLiteral("&Save..."), themes);
     save->setObjectName(QStringLiteral("cmdSaveColors"));
-    save->setToolTip(QStringLiteral("Save the colors as a color scheme, or with the wallpaper and buttons as a theme"));
+    save->setToolTip(
+        QStringLiteral("Save the colors as a color scheme, or with the wallpaper and buttons as a theme"));
     connect(save, &QPushButton::clicked, this, [w] { cmdSaveColors_Click(*w); });
     auto* del = new QPushButton(QStringLiteral("&Delete"), themes);
     del->setObjectName(QStringLiteral("cmdDeleteColors"));
@@ -280,8 +282,8 @@ void PropertiesWindow::build() {
     txtIconSize_ = new QLineEdit(more);
     txtIconSize_->setObjectName(QStringLiteral("txtIconSize"));
     txtIconSize_->setMaximumWidth(60);
-    const QString iconTip =
-        QStringLiteral("Size for large icons: Usually 32 or 48 (if using the Large Icons setting for your desktop)");
+    const QString iconTip = QStringLiteral(
+        "Size for large icons: Usually 32 or 48 (if using the Large Icons setting for your desktop)");
     txtIconSize_->setToolTip(iconTip);
     iconLabel->setToolTip(iconTip);
     iconLabel->setBuddy(txtIconSize_);
@@ -335,7 +337,8 @@ void PropertiesWindow::build() {
 void PropertiesWindow::sync() {
     const FrmProperties& f = Themes(ws_).Properties;
     syncing_ = true;
-    for (auto& [name, box] : colorBoxes_) box->setStyleSheet(SwatchStyle(BoxValue(f, name)));
+    for (auto& [name, box] : colorBoxes_)
+        box->setStyleSheet(SwatchStyle(BoxValue(f, name)));
 
     // The preview: the background colour, the picture (stretched or at its size from the top left),
     // the caption in the text colour.
@@ -371,7 +374,8 @@ void PropertiesWindow::sync() {
 
     cboButtons_->clear();
     cboButtons_->addItems(f.CboButtonsList);
-    if (cboButtons_->findText(f.CboButtons) < 0 && !f.CboButtons.isEmpty()) cboButtons_->addItem(f.CboButtons);
+    if (cboButtons_->findText(f.CboButtons) < 0 && !f.CboButtons.isEmpty())
+        cboButtons_->addItem(f.CboButtons);
     cboButtons_->setCurrentText(f.CboButtons);
     for (int k = 0; k < kButtonImages; ++k) {
         QPalette bp = picButton_[k]->palette();

@@ -17,7 +17,9 @@
 using namespace pd;
 using namespace pd::test;
 
-void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+void PrintTo(const QString& s, std::ostream* os) {
+    *os << '"' << s.toStdString() << '"';
+}
 
 namespace {
 
@@ -363,7 +365,8 @@ TEST_F(Properties, TheFontChooserStartsOnTheWorkspacesFontAndApplyKeepsTheChoice
 TEST_F(Properties, TheButtonSetShowsItsPreviewAndApplyLoadsItIntoTheWorkspace) {
     const QString set = QStringLiteral("Amber");
     for (const char* f : kButtonFiles)
-        t.platform.images[t.dataFile(QStringLiteral("Skin/Buttons/Amber/") + QString::fromLatin1(f))] = QSize(16, 16);
+        t.platform.images[t.dataFile(QStringLiteral("Skin/Buttons/Amber/") + QString::fromLatin1(f))] =
+            QSize(16, 16);
     const int c = t.newContainerAt(600, 600);
     FrmProperties_Load(ws());
     CboButtons_Click(ws(), set);
@@ -372,7 +375,8 @@ TEST_F(Properties, TheButtonSetShowsItsPreviewAndApplyLoadsItIntoTheWorkspace) {
     OKButton_Click(ws());
     EXPECT_EQ(ws().ButtonSet, set);
     EXPECT_EQ(ws().chkFold(c).Picture.get(), t.dataFile(QStringLiteral("Skin/Buttons/Amber/fold.gif")));
-    EXPECT_EQ(ws().PicLockToolbar(0).Picture.get(), t.dataFile(QStringLiteral("Skin/Buttons/Amber/lock.gif")));
+    EXPECT_EQ(ws().PicLockToolbar(0).Picture.get(),
+              t.dataFile(QStringLiteral("Skin/Buttons/Amber/lock.gif")));
     EXPECT_EQ(Saved("[Buttons]"), set);
 }
 
@@ -392,10 +396,11 @@ TEST_F(Properties, TheFiveSettingsButtonsOpenTheirMenusUnderThemselves) {
     cmdGlobalSettings_Click(ws());
     cmdRemindersSettings_Click(ws());
     cmdShortcutsSettings_Click(ws());
-    const std::vector<std::pair<QString, QString>> expected = {
-        {"mnuContainers", "cmdContainersSettings"}, {"mnuDock", "cmdDockSettings"},
-        {"mnuGlobalSettings", "cmdGlobalSettings"}, {"mnuReminders", "cmdRemindersSettings"},
-        {"mnuShortcuts", "cmdShortcutsSettings"}};
+    const std::vector<std::pair<QString, QString>> expected = {{"mnuContainers", "cmdContainersSettings"},
+                                                               {"mnuDock", "cmdDockSettings"},
+                                                               {"mnuGlobalSettings", "cmdGlobalSettings"},
+                                                               {"mnuReminders", "cmdRemindersSettings"},
+                                                               {"mnuShortcuts", "cmdShortcutsSettings"}};
     EXPECT_EQ(popups, expected);
     // Opening a menu changes nothing in the dialog.
     EXPECT_FALSE(dlg().cmdApplyEnabled);
@@ -404,11 +409,18 @@ TEST_F(Properties, TheFiveSettingsButtonsOpenTheirMenusUnderThemselves) {
 TEST_F(Properties, AThemeChosenInTheDialogReachesTheWorkspaceAndTheFile) {
     ProvideWallpaper("Ocean.jpg");
     for (const char* f : kButtonFiles)
-        t.platform.images[t.dataFile(QStringLiteral("Skin/Buttons/Sea/") + QString::fromLatin1(f))] = QSize(16, 16);
-    t.writeData(QStringLiteral("Skin/Ocean.pkt"),
-                CrLf({"[1.01]", "[Background]", " 100 ", "[PictureBorder]", " 200 ", "[ContainerFor]", " 300 ",
-                      "[ContainerLabel]", " 400 ", "[ContainerTextBack]", " 500 ", "[ContainerTextFor]", " 600 ",
-                      "[Foreground]", " 700 ", "[Wallpaper]", "Ocean.jpg", "1", "[Buttons]", "Sea"}));
+        t.platform.images[t.dataFile(QStringLiteral("Skin/Buttons/Sea/") + QString::fromLatin1(f))] =
+            QSize(16, 16);
+    t.writeData(QStringLiteral("Skin/Ocean.pkt"), CrLf({"[1.01]",    "[Background]",
+                                                        " 100 ",     "[PictureBorder]",
+                                                        " 200 ",     "[ContainerFor]",
+                                                        " 300 ",     "[ContainerLabel]",
+                                                        " 400 ",     "[ContainerTextBack]",
+                                                        " 500 ",     "[ContainerTextFor]",
+                                                        " 600 ",     "[Foreground]",
+                                                        " 700 ",     "[Wallpaper]",
+                                                        "Ocean.jpg", "1",
+                                                        "[Buttons]", "Sea"}));
     FrmProperties_Load(ws());
     ASSERT_EQ(dlg().CboThemes, QStringList{"ocean"});
     CboThemes_Click(ws(), 0);
@@ -444,7 +456,8 @@ TEST_F(Properties, ApplyingAButtonSetGivesDeadContainerSlotsTheirImagesToo) {
     const int dead = t.newContainerAt(6000, 600);
     ws().Group(dead).Visible = false;
     const QString dir = t.dataFile(QStringLiteral("Skin/Buttons/Amber/"));
-    for (const char* f : kButtonFiles) t.platform.images[dir + QString::fromLatin1(f)] = QSize(16, 16);
+    for (const char* f : kButtonFiles)
+        t.platform.images[dir + QString::fromLatin1(f)] = QSize(16, 16);
     FrmProperties_Load(ws());
     CboButtons_Click(ws(), QStringLiteral("Amber"));
     cmdApply_Click(ws());

@@ -14,7 +14,9 @@
 using namespace pd;
 using namespace pd::test;
 
-void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+void PrintTo(const QString& s, std::ostream* os) {
+    *os << '"' << s.toStdString() << '"';
+}
 
 namespace {
 
@@ -39,20 +41,21 @@ class ThemeFiles : public ::testing::Test {
         t.platform.images[wallpaper(name)] = QSize(1024, 768);
     }
     QString button(const QString& set, const char* file) {
-        return t.dataFile(QStringLiteral("Skin/Buttons/") + set + QLatin1Char('/') + QString::fromLatin1(file));
+        return t.dataFile(QStringLiteral("Skin/Buttons/") + set + QLatin1Char('/') +
+                          QString::fromLatin1(file));
     }
     void ProvideButtons(const QString& set) {
         for (const char* f : kButtonFiles) {
-            t.writeData(QStringLiteral("Skin/Buttons/") + set + QLatin1Char('/') + QString::fromLatin1(f), "GIF");
+            t.writeData(QStringLiteral("Skin/Buttons/") + set + QLatin1Char('/') + QString::fromLatin1(f),
+                        "GIF");
             t.platform.images[button(set, f)] = QSize(16, 16);
         }
     }
     TestWorkspace t;
 };
 
-const QByteArray kOceanTheme =
-    Scheme(" 1 ", " 2 ", " 3 ", " 4 ", " 5 ", " 6 ", " 7 ") +
-    CrLf({"[Wallpaper]", "  Ocean.jpg  ", " 0 ", "[Buttons]", " Sea Glass "});
+const QByteArray kOceanTheme = Scheme(" 1 ", " 2 ", " 3 ", " 4 ", " 5 ", " 6 ", " 7 ") +
+                               CrLf({"[Wallpaper]", "  Ocean.jpg  ", " 0 ", "[Buttons]", " Sea Glass "});
 
 } // namespace
 
@@ -76,7 +79,8 @@ TEST_F(ThemeFiles, ATheme_ReadsItsSevenColoursWallpaperStretchAndButtons) {
     EXPECT_TRUE(dlg().chkWallpaper);
     EXPECT_FALSE(dlg().chkStretch);
     EXPECT_EQ(dlg().CboButtons, QStringLiteral("Sea Glass"));
-    for (int k = 0; k < kButtonImages; ++k) EXPECT_EQ(dlg().PicButton[k], button("Sea Glass", kButtonFiles[k]));
+    for (int k = 0; k < kButtonImages; ++k)
+        EXPECT_EQ(dlg().PicButton[k], button("Sea Glass", kButtonFiles[k]));
     EXPECT_TRUE(dlg().ColorsChanged);
     EXPECT_TRUE(dlg().cmdApplyEnabled);
     // The dock border is no part of the files.
@@ -144,7 +148,8 @@ TEST_F(ThemeFiles, AColourSchemeAfterAThemeKeepsTheThemesWallpaperAndTheButtonsI
 
 TEST_F(ThemeFiles, ChoosingAThemeClearsTheSchemeChoiceAndEnablesOkAndApply) {
     t.writeData(QStringLiteral("Skin/ocean.pkt"), kOceanTheme);
-    t.writeData(QStringLiteral("Skin/Colors/ember.pkc"), Scheme(" 1 ", " 1 ", " 1 ", " 1 ", " 1 ", " 1 ", " 1 "));
+    t.writeData(QStringLiteral("Skin/Colors/ember.pkc"),
+                Scheme(" 1 ", " 1 ", " 1 ", " 1 ", " 1 ", " 1 ", " 1 "));
     ListThemes(ws());
     ListColorSchemes(ws());
     ListColors_Click(ws(), 0);
@@ -159,7 +164,8 @@ TEST_F(ThemeFiles, NamesAreShownInLowerCaseCutAtTheFirstDot) {
     t.writeData(QStringLiteral("Skin/Ocean Dusk.pkt"), kOceanTheme);
     t.writeData(QStringLiteral("Skin/v1.2 Bright.pkt"), kOceanTheme);
     t.writeData(QStringLiteral("Skin/notes.txt"), "x");
-    t.writeData(QStringLiteral("Skin/Colors/EMBER.pkc"), Scheme(" 9 ", " 9 ", " 9 ", " 9 ", " 9 ", " 9 ", " 9 "));
+    t.writeData(QStringLiteral("Skin/Colors/EMBER.pkc"),
+                Scheme(" 9 ", " 9 ", " 9 ", " 9 ", " 9 ", " 9 ", " 9 "));
     t.writeData(QStringLiteral("Skin/Colors/moss.PKC.bak"), "x");
     ListThemes(ws());
     ListColorSchemes(ws());
@@ -187,7 +193,8 @@ TEST_F(ThemeFiles, ButtonSetsAreTheFoldersOfSkinButtons) {
 
 TEST_F(ThemeFiles, ABadColourValueLeavesThatBoxAlone) {
     dlg().picBorderColor = 77;
-    t.writeData(QStringLiteral("Skin/Colors/bad.pkc"), Scheme(" 1 ", "blue", " 3 ", " 4 ", " 5 ", " 6 ", " 7 "));
+    t.writeData(QStringLiteral("Skin/Colors/bad.pkc"),
+                Scheme(" 1 ", "blue", " 3 ", " 4 ", " 5 ", " 6 ", " 7 "));
     LoadColorFile(ws(), t.dataFile(QStringLiteral("Skin/Colors/bad.pkc")));
     EXPECT_EQ(dlg().picBorderColor, 77);
     EXPECT_EQ(dlg().picConFor, 3);
@@ -223,10 +230,10 @@ TEST_F(ThemeFiles, SavingWithAWallpaperAsksAndAYesWritesATheme) {
     SetPreviewWallpaper(ws(), wallpaper("Ocean.jpg"));
     dlg().chkStretch = false;
     dlg().CboButtons = QStringLiteral("Sea Glass");
-    for (int32_t FrmProperties::*box : {&FrmProperties::picBackColor, &FrmProperties::picBorderColor,
-                                         &FrmProperties::picConFor, &FrmProperties::picContainerLabelColor,
-                                         &FrmProperties::picContainerTextBack, &FrmProperties::picContainerTextFor,
-                                         &FrmProperties::PicLinkColor})
+    for (int32_t FrmProperties::*box :
+         {&FrmProperties::picBackColor, &FrmProperties::picBorderColor, &FrmProperties::picConFor,
+          &FrmProperties::picContainerLabelColor, &FrmProperties::picContainerTextBack,
+          &FrmProperties::picContainerTextFor, &FrmProperties::PicLinkColor})
         dlg().*box = -1;
     dlg().picBackColor = 5;
     t.platform.inputAnswers = {QStringLiteral("Ocean")};
@@ -235,10 +242,13 @@ TEST_F(ThemeFiles, SavingWithAWallpaperAsksAndAYesWritesATheme) {
     ASSERT_EQ(t.platform.messages.size(), 1u);
     EXPECT_EQ(t.platform.messages[0].text, QStringLiteral("Save as Theme? (Include Wallaper and Buttons)"));
     EXPECT_EQ(t.platform.messages[0].style & 7, MsgStyle::YesNo);
-    EXPECT_EQ(t.readData(QStringLiteral("Skin/Ocean.pkt")),
-              CrLf({"[1.01]", "[Background]", " 5 ", "[PictureBorder]", "-1 ", "[ContainerFor]", "-1 ",
-                    "[ContainerLabel]", "-1 ", "[ContainerTextBack]", "-1 ", "[ContainerTextFor]", "-1 ",
-                    "[Foreground]", "-1 ", "[Wallpaper]", "Ocean.jpg", "0", "[Buttons]", "Sea Glass"}));
+    EXPECT_EQ(
+        t.readData(QStringLiteral("Skin/Ocean.pkt")),
+        CrLf(
+            {"[1.01]",    "[Background]",     " 5 ", "[PictureBorder]",     "-1 ",       "[ContainerFor]",
+             "-1 ",       "[ContainerLabel]", "-1 ", "[ContainerTextBack]", "-1 ",       "[ContainerTextFor]",
+             "-1 ",       "[Foreground]",     "-1 ", "[Wallpaper]",         "Ocean.jpg", "0",
+             "[Buttons]", "Sea Glass"}));
     EXPECT_FALSE(t.dataExists(QStringLiteral("Skin/Colors/Ocean.pkc")));
 }
 
@@ -277,7 +287,8 @@ TEST_F(ThemeFiles, YesToTheOverwriteReplacesTheFile) {
     t.platform.inputAnswers = {QStringLiteral("taken")};
     t.platform.answers = {MsgAnswer::Yes};
     cmdSaveColors_Click(ws());
-    EXPECT_TRUE(t.readData(QStringLiteral("Skin/Colors/taken.pkc")).startsWith("[1.01]\r\n[Background]\r\n 123 \r\n"));
+    EXPECT_TRUE(t.readData(QStringLiteral("Skin/Colors/taken.pkc"))
+                    .startsWith("[1.01]\r\n[Background]\r\n 123 \r\n"));
 }
 
 TEST_F(ThemeFiles, AnEmptyNameSavesNothing) {
@@ -294,7 +305,8 @@ TEST_F(ThemeFiles, AnEmptyNameSavesNothing) {
 // --- deleting ---
 
 TEST_F(ThemeFiles, TheLastSchemeCannotBeDeleted) {
-    t.writeData(QStringLiteral("Skin/Colors/only.pkc"), Scheme(" 1 ", " 1 ", " 1 ", " 1 ", " 1 ", " 1 ", " 1 "));
+    t.writeData(QStringLiteral("Skin/Colors/only.pkc"),
+                Scheme(" 1 ", " 1 ", " 1 ", " 1 ", " 1 ", " 1 ", " 1 "));
     ListColorSchemes(ws());
     ListColors_Click(ws(), 0);
     cmdDeleteColors_Click(ws());
@@ -306,8 +318,10 @@ TEST_F(ThemeFiles, TheLastSchemeCannotBeDeleted) {
 }
 
 TEST_F(ThemeFiles, DeletingASchemeAsksAndRemovesItsFile) {
-    t.writeData(QStringLiteral("Skin/Colors/Ember.pkc"), Scheme(" 1 ", " 1 ", " 1 ", " 1 ", " 1 ", " 1 ", " 1 "));
-    t.writeData(QStringLiteral("Skin/Colors/moss.pkc"), Scheme(" 1 ", " 1 ", " 1 ", " 1 ", " 1 ", " 1 ", " 1 "));
+    t.writeData(QStringLiteral("Skin/Colors/Ember.pkc"),
+                Scheme(" 1 ", " 1 ", " 1 ", " 1 ", " 1 ", " 1 ", " 1 "));
+    t.writeData(QStringLiteral("Skin/Colors/moss.pkc"),
+                Scheme(" 1 ", " 1 ", " 1 ", " 1 ", " 1 ", " 1 ", " 1 "));
     ListColorSchemes(ws());
     ListColors_Click(ws(), 0);
     t.platform.answers = {MsgAnswer::No};

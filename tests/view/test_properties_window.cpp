@@ -17,8 +17,8 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFileInfo>
-#include <QImage>
 #include <QFontDatabase>
+#include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -35,8 +35,8 @@ namespace {
 
 QByteArray Scheme(const char* back) {
     return CrLf({"[1.01]", "[Background]", back, "[PictureBorder]", " 0 ", "[ContainerFor]", " 0 ",
-                 "[ContainerLabel]", " 0 ", "[ContainerTextBack]", " 0 ", "[ContainerTextFor]", " 0 ", "[Foreground]",
-                 " 16777215 "});
+                 "[ContainerLabel]", " 0 ", "[ContainerTextBack]", " 0 ", "[ContainerTextFor]", " 0 ",
+                 "[Foreground]", " 16777215 "});
 }
 
 struct PropertiesWindowTest : ::testing::Test {
@@ -77,8 +77,10 @@ TEST_F(PropertiesWindowTest, F4ShowsTheWindowWithEveryElementAndTheWorkspacesCol
     EXPECT_EQ(Find<QCheckBox>(w, "chkStretch")->text(), QStringLiteral("S&tretch"));
     EXPECT_EQ(Find<QPushButton>(w, "CmdFont")->text(), QStringLiteral("Se&lect"));
     EXPECT_EQ(Find<QLineEdit>(w, "txtIconSize")->text(), QStringLiteral("32"));
-    EXPECT_EQ(Find<QLineEdit>(w, "txtIconSize")->toolTip(),
-              QStringLiteral("Size for large icons: Usually 32 or 48 (if using the Large Icons setting for your desktop)"));
+    EXPECT_EQ(
+        Find<QLineEdit>(w, "txtIconSize")->toolTip(),
+        QStringLiteral(
+            "Size for large icons: Usually 32 or 48 (if using the Large Icons setting for your desktop)"));
     EXPECT_EQ(Find<QPushButton>(w, "cmdApply")->text(), QStringLiteral("&Apply"));
     EXPECT_FALSE(Find<QPushButton>(w, "cmdApply")->isEnabled());
     Find<QPushButton>(w, "OKButton");
@@ -86,7 +88,8 @@ TEST_F(PropertiesWindowTest, F4ShowsTheWindowWithEveryElementAndTheWorkspacesCol
     Find<QComboBox>(w, "CboButtons");
     Find<QComboBox>(w, "CboThemes");
     Find<QListWidget>(w, "ListColors");
-    for (int k = 0; k < 13; ++k) EXPECT_NE(w.findChild<QLabel*>(QStringLiteral("PicButton_%1").arg(k)), nullptr) << k;
+    for (int k = 0; k < 13; ++k)
+        EXPECT_NE(w.findChild<QLabel*>(QStringLiteral("PicButton_%1").arg(k)), nullptr) << k;
     // Cancel hides it.
     (Find<QPushButton>(w, "cmdCancel"))->click();
     EXPECT_FALSE(w.isVisible());
@@ -147,7 +150,8 @@ TEST_F(PropertiesWindowTest, TheSettingsButtonsOpenTheirMenusUnderThemselves) {
                                 {"cmdGlobalSettings", "mnuGlobalSettings"},
                                 {"cmdRemindersSettings", "mnuReminders"},
                                 {"cmdShortcutsSettings", "mnuShortcuts"}})
-        EXPECT_EQ(Find<QPushButton>(w, button)->isEnabled(), menus->menu(QString::fromLatin1(menu)) != nullptr)
+        EXPECT_EQ(Find<QPushButton>(w, button)->isEnabled(),
+                  menus->menu(QString::fromLatin1(menu)) != nullptr)
             << button;
 }
 
@@ -178,7 +182,8 @@ TEST_F(PropertiesWindowTest, TheContainerColorsWindowShowsSwitchesAndCancels) {
     EXPECT_EQ(sw->text(), QStringLiteral("&Switch"));
     EXPECT_EQ(sw->toolTip(), QStringLiteral("Switch foreground and background colors"));
     EXPECT_EQ(Find<QPushButton>(w, "Command1")->text(), QStringLiteral("&Reset"));
-    EXPECT_EQ(Find<QPushButton>(w, "Command1")->toolTip(), QStringLiteral("Reset container colors to default"));
+    EXPECT_EQ(Find<QPushButton>(w, "Command1")->toolTip(),
+              QStringLiteral("Reset container colors to default"));
     (sw)->click();
     EXPECT_TRUE(back->styleSheet().contains(QStringLiteral("#ffff00")));
     (Find<QPushButton>(w, "CancelButton"))->click();
@@ -201,10 +206,11 @@ TEST_F(PropertiesWindowTest, TheCaptionBandDragsTheWindow) {
     QLabel* caption = Find<QLabel>(w, "lblCaption");
     const QPoint at(10, 5);
     const QPoint g = caption->mapToGlobal(at);
-    QMouseEvent press(QEvent::MouseButtonPress, QPointF(at), QPointF(g), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QMouseEvent press(QEvent::MouseButtonPress, QPointF(at), QPointF(g), Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
     QApplication::sendEvent(caption, &press);
-    QMouseEvent move(QEvent::MouseMove, QPointF(at + QPoint(40, 30)), QPointF(g + QPoint(40, 30)), Qt::NoButton,
-                     Qt::LeftButton, Qt::NoModifier);
+    QMouseEvent move(QEvent::MouseMove, QPointF(at + QPoint(40, 30)), QPointF(g + QPoint(40, 30)),
+                     Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(caption, &move);
     QMouseEvent release(QEvent::MouseButtonRelease, QPointF(at + QPoint(40, 30)), QPointF(g + QPoint(40, 30)),
                         Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
@@ -236,7 +242,8 @@ TEST_F(PropertiesWindowTest, ThePreviewShowsTheWallpaperStretchedOverTheBox) {
 TEST(FontFallbacks, VerdanaIsDrawnInASimilarFaceWhenAbsent) {
     InstallFontFallbacks();
     if (QFontDatabase::hasFamily(QStringLiteral("Verdana"))) GTEST_SKIP() << "Verdana is installed here";
-    if (!QFontDatabase::hasFamily(QStringLiteral("DejaVu Sans"))) GTEST_SKIP() << "DejaVu Sans is not installed";
+    if (!QFontDatabase::hasFamily(QStringLiteral("DejaVu Sans")))
+        GTEST_SKIP() << "DejaVu Sans is not installed";
     EXPECT_EQ(ResolvedFamily(QStringLiteral("Verdana")), QStringLiteral("DejaVu Sans"));
 }
 
