@@ -16,6 +16,8 @@ packages=(
   libgtest-dev googletest libbenchmark-dev
   # End-to-end tests: a virtual X display, input and window queries, screenshots
   xvfb xauth xdotool x11-utils imagemagick
+  # The feed server of the end-to-end feed test, on the loopback
+  python3
   # Docking under a real window manager, and a tray host for the tray icon
   openbox trayer
   # The global hot key's key grab on X11

@@ -10,6 +10,8 @@
 #include "view/MenuView.h"
 
 #include <QAction>
+#include <QDateTime>
+#include <QTimer>
 #include <QCursor>
 #include <QEvent>
 #include <QFile>
@@ -68,6 +70,28 @@ FeedsView::FeedsView(Workspace& ws, ElementView& view, MenuView& menus, QWidget*
         form.onChanged = nullptr;
     };
     f.onRssOverlay = [this](int i) { overlay(i); };
+    // With PERCHDOCK_STALL_LOG set, the event loop's stalls are written to that file for the end-to-end
+    // test: a 10 ms timer notes each gap between its ticks above 50 ms, and each end of Refresh All.
+    const QString stallLog = qEnvironmentVariable("PERCHDOCK_STALL_LOG");
+    if (!stallLog.isEmpty()) {
+        stallFile_ = std::make_unique<QFile>(stallLog);
+        if (stallFile_->open(QIODevice::Append | QIODevice::Text)) {
+            stallTimer_ = std::make_unique<QTimer>();
+            stallClock_.start();
+            QObject::connect(stallTimer_.get(), &QTimer::timeout, [this] {
+                const qint64 gap = stallClock_.restart();
+                if (gap > 50) note(QStringLiteral("stall %1").arg(gap));
+            });
+            stallTimer_->start(10);
+            f.onRefreshAllDone = [this] { note(QStringLiteral("refresh-all-done")); };
+        }
+    }
+}
+
+void FeedsView::note(const QString& what) {
+    if (!stallFile_) return;
+    stallFile_->write(QStringLiteral("%1 %2\n").arg(QDateTime::currentMSecsSinceEpoch()).arg(what).toUtf8());
+    stallFile_->flush();
 }
 
 FeedsView::~FeedsView() {

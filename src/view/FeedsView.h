@@ -3,7 +3,10 @@
 // viewer window shown when the core asks, the feed mark on a feed container's shrink icon, the refresh
 // label's symbols, and the mouse on the feed elements of the main window.
 
+#include <QElapsedTimer>
+#include <QFile>
 #include <QPointer>
+#include <QTimer>
 #include <QString>
 
 #include <functional>
@@ -32,6 +35,7 @@ public:
 private:
     void overlay(int i);
     void refreshSymbol();
+    void note(const QString& what);
 
     Workspace& ws_;
     ElementView& view_;
@@ -39,6 +43,9 @@ private:
     QWidget* main_;
     std::unique_ptr<RSSViewWindow> viewer_;
     QPointer<QLabel> refreshSymbol_;
+    std::unique_ptr<QFile> stallFile_;
+    std::unique_ptr<QTimer> stallTimer_;
+    QElapsedTimer stallClock_;
 };
 
 } // namespace pd

@@ -459,3 +459,29 @@ TEST_F(FeedContainers, TheFeedMenusAreDeclaredWithTheirCaptions) {
     ws().menus["mnuAddRSS"].Click();
     EXPECT_EQ(dialogs, 1);
 }
+
+TEST_F(FeedContainers, RdfAndAtomFeedsFillTheirPanelsAndAreSearched) {
+    p().httpReplies[QStringLiteral("http://feeds.test/rdf")] = Ok(
+        "<?xml version=\"1.0\"?><rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\" "
+        "xmlns=\"http://purl.org/rss/1.0/\"><channel rdf:about=\"http://h/\"><title>RDF channel</title>"
+        "<link>http://h/</link><description>rdf</description></channel>"
+        "<item rdf:about=\"http://h/1\"><title>RDF story 1</title><link>http://h/1</link><description>t1</description></item>"
+        "<item rdf:about=\"http://h/2\"><title>RDF story 2</title><link>http://h/2</link><description>t2</description></item>"
+        "</rdf:RDF>");
+    p().httpReplies[QStringLiteral("http://feeds.test/atom")] = Ok(
+        "<?xml version=\"1.0\"?><feed xmlns=\"http://www.w3.org/2005/Atom\"><title>Atom channel</title>"
+        "<subtitle>atom</subtitle><link href=\"http://h/\"/>"
+        "<entry><title>Atom story 1</title><link rel=\"alternate\" href=\"http://h/a1\"/><summary>s1</summary></entry>"
+        "<entry><title>Atom story 2</title><link rel=\"alternate\" href=\"http://h/a2\"/><summary>s2</summary></entry>"
+        "</feed>");
+    const int r = Add(QStringLiteral("http://feeds.test/rdf"));
+    const int a = Add(QStringLiteral("http://feeds.test/atom"));
+    EXPECT_EQ(Rows(r), (QStringList{QStringLiteral("RDF story 1"), QStringLiteral("RDF story 2")}));
+    EXPECT_EQ(Rows(a), (QStringList{QStringLiteral("Atom story 1"), QStringLiteral("Atom story 2")}));
+    EXPECT_EQ(ws().lblName(r).Caption.get(), QStringLiteral("RDF channel"));
+    EXPECT_EQ(ws().lblName(a).Caption.get(), QStringLiteral("Atom channel"));
+    FrmRSSSearch s;
+    s.txtSearch = QStringLiteral("story 1");
+    txtSearch_Change(ws(), s);
+    EXPECT_EQ(s.Results, 2);
+}
