@@ -76,7 +76,8 @@ std::optional<QDate> ParseReminderDate(const QString& text) {
         if (parts.size() == 3) break;
     }
     if (parts.size() != 3) return std::nullopt;
-    for (QString& p : parts) p = p.trimmed();
+    for (QString& p : parts)
+        p = p.trimmed();
     int month = 0, day = 0, year = -1;
     if (!IsNumber(parts[0]) || !IsNumber(parts[1]) || MonthNumber(parts[0]) == 0) {
         // A month name first ("Dec-25-2006") or second ("25-Dec-2006").
@@ -132,8 +133,9 @@ QString MonthAbbrev(int month) {
 }
 
 QString SnoozeDateText(const QDate& d) {
-    return MonthAbbrev(d.month()) + QLatin1Char('/') + QStringLiteral("%1").arg(d.day(), 2, 10, QLatin1Char('0')) +
-           QLatin1Char('/') + QStringLiteral("%1").arg(d.year(), 4, 10, QLatin1Char('0'));
+    return MonthAbbrev(d.month()) + QLatin1Char('/') +
+           QStringLiteral("%1").arg(d.day(), 2, 10, QLatin1Char('0')) + QLatin1Char('/') +
+           QStringLiteral("%1").arg(d.year(), 4, 10, QLatin1Char('0'));
 }
 
 QString ReminderTimeText(const QTime& t) {

@@ -44,7 +44,9 @@ void WireDeskCommands(Workspace& ws) {
     Desk(ws);
     DeclareDeskMenus(ws.menus);
     Workspace* w = &ws;
-    auto on = [&ws](const char* name, std::function<void()> f) { ws.menus[QString::fromLatin1(name)].onClick = std::move(f); };
+    auto on = [&ws](const char* name, std::function<void()> f) {
+        ws.menus[QString::fromLatin1(name)].onClick = std::move(f);
+    };
     on("mnuLock", [w] { mnuLock_Click(*w); });
     on("mnuAddPicture", [w] { mnuAddPicture_Click(*w); });
     on("mnuAddReminder", [w] { mnuAddReminder_Click(*w); });

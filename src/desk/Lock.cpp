@@ -25,14 +25,20 @@ void UnlockWorkspace(Workspace& ws) {
 }
 
 void mnuLock_Click(Workspace& ws) {
-    if (ws.menus["mnuLock"].Checked()) UnlockWorkspace(ws);
-    else LockWorkspace(ws);
+    if (ws.menus["mnuLock"].Checked())
+        UnlockWorkspace(ws);
+    else
+        LockWorkspace(ws);
     SaveDesktop(ws, true, false);
 }
 
-void PicLockToolbar_Click(Workspace& ws) { UnlockWorkspace(ws); }
+void PicLockToolbar_Click(Workspace& ws) {
+    UnlockWorkspace(ws);
+}
 
-void PicUnLockToolbar_Click(Workspace& ws) { LockWorkspace(ws); }
+void PicUnLockToolbar_Click(Workspace& ws) {
+    LockWorkspace(ws);
+}
 
 void ImgLock_Click(Workspace& ws) {
     EnableDisableTimerHide(ws, false);

@@ -52,6 +52,8 @@ void NoteSelectAll(Workspace& ws) {
     if (d.onSelectAllInNote) d.onSelectAllInNote(ws.txtNote(i));
 }
 
-bool NoteHasFocus(Workspace& ws) { return ws.DeskStateSlot && ws.DeskStateSlot->NoteHasFocus; }
+bool NoteHasFocus(Workspace& ws) {
+    return ws.DeskStateSlot && ws.DeskStateSlot->NoteHasFocus;
+}
 
 } // namespace pd

@@ -104,23 +104,28 @@ void picTemp_MouseUp(Workspace& ws, int Button, int /*Shift*/, int j) {
     Release(ws, ws.picTemp(j));
 }
 
-void imgPicture_DblClick(Workspace& ws, int j) { OpenImage(ws, j); }
+void imgPicture_DblClick(Workspace& ws, int j) {
+    OpenImage(ws, j);
+}
 
 void picTemp_DblClick(Workspace& ws, int j) {
     ws.SelectedDeskObject = static_cast<int16_t>(j);
-    if (IsReminder(ws, j)) mnuReminderEdit_Click(ws);
-    else OpenImage(ws, j);
+    if (IsReminder(ws, j))
+        mnuReminderEdit_Click(ws);
+    else
+        OpenImage(ws, j);
 }
 
 QString ReminderTip(Workspace& ws, int j) {
     if (!IsReminder(ws, j)) return {};
     const DeskObjectRecord& r = ws.DeskObjects[j];
-    return r.Date + QLatin1Char(' ') + r.Time + QLatin1Char('\n') + QString(31, QLatin1Char('_')) + QLatin1Char('\n') +
-           r.Note;
+    return r.Date + QLatin1Char(' ') + r.Time + QLatin1Char('\n') + QString(31, QLatin1Char('_')) +
+           QLatin1Char('\n') + r.Note;
 }
 
 QString PictureMenuDefault(Workspace& ws) {
-    return IsReminder(ws, ws.SelectedDeskObject) ? QStringLiteral("mnuReminderEdit") : QStringLiteral("mnuPicLock");
+    return IsReminder(ws, ws.SelectedDeskObject) ? QStringLiteral("mnuReminderEdit")
+                                                 : QStringLiteral("mnuPicLock");
 }
 
 } // namespace pd

@@ -14,21 +14,29 @@ namespace {
 const QString kWindow = QStringLiteral("frmReminder");
 
 // The last year of the year list: at least 2015, and ten years ahead of now. Other years may be typed.
-int LastListedYear(const QDate& today) { return std::max(2015, today.year() + 10); }
+int LastListedYear(const QDate& today) {
+    return std::max(2015, today.year() + 10);
+}
 
-QString Two(int n) { return QStringLiteral("%1").arg(n, 2, 10, QLatin1Char('0')); }
+QString Two(int n) {
+    return QStringLiteral("%1").arg(n, 2, 10, QLatin1Char('0'));
+}
 } // namespace
 
 void ReminderForm::Load() {
     Loaded = true;
     MonthList.clear();
-    for (int m = 1; m <= 12; ++m) MonthList << MonthAbbrev(m);
+    for (int m = 1; m <= 12; ++m)
+        MonthList << MonthAbbrev(m);
     YearList.clear();
-    for (int y = 2006; y <= LastListedYear(ws.clock.now().date()); ++y) YearList << QString::number(y);
+    for (int y = 2006; y <= LastListedYear(ws.clock.now().date()); ++y)
+        YearList << QString::number(y);
     HourList.clear();
-    for (int h = 1; h <= 12; ++h) HourList << QString::number(h);
+    for (int h = 1; h <= 12; ++h)
+        HourList << QString::number(h);
     MinuteList.clear();
-    for (int m = 0; m <= 59; ++m) MinuteList << Two(m);
+    for (int m = 0; m <= 59; ++m)
+        MinuteList << Two(m);
     AMPMList = QStringList{QStringLiteral("AM"), QStringLiteral("PM")};
     SetOnTop(ws, kWindow, true, false);
     // The present moment without its milliseconds, five minutes on.
@@ -69,7 +77,8 @@ void ReminderForm::DaysInMonth() {
         return;
     }
     const int count = static_cast<int>(first->daysTo(first->addMonths(1)));
-    for (int d = 1; d <= count; ++d) DayList << QString::number(d);
+    for (int d = 1; d <= count; ++d)
+        DayList << QString::number(d);
     bool ok = false;
     const int day = remembered.trimmed().toInt(&ok);
     cboDay = ok && day >= 1 && day <= count ? QString::number(day) : QString::number(count);
@@ -84,11 +93,13 @@ void ReminderForm::ChooseColor(int n) {
 }
 
 QString ReminderForm::TimeText() const {
-    return Two(cboHour.trimmed().toInt()) + QLatin1Char(':') + Two(cboMinute.trimmed().toInt()) + QLatin1Char(' ') +
-           cboAMPM.toUpper();
+    return Two(cboHour.trimmed().toInt()) + QLatin1Char(':') + Two(cboMinute.trimmed().toInt()) +
+           QLatin1Char(' ') + cboAMPM.toUpper();
 }
 
-QString ReminderForm::DateText() const { return cboMonth + QLatin1Char('-') + cboDay + QLatin1Char('-') + cboYear; }
+QString ReminderForm::DateText() const {
+    return cboMonth + QLatin1Char('-') + cboDay + QLatin1Char('-') + cboYear;
+}
 
 void ReminderForm::OKButton_Click() {
     const QString time = TimeText();
@@ -102,8 +113,8 @@ void ReminderForm::OKButton_Click() {
         return;
     }
     if (MinutesBetween(*moment, ws.clock.now()) >= 0) {
-        ws.platform.messageBox(QStringLiteral("Can't schedule a reminder for the past..."), MsgStyle::ExclamationBox,
-                               QStringLiteral("Invalid Date/Time"));
+        ws.platform.messageBox(QStringLiteral("Can't schedule a reminder for the past..."),
+                               MsgStyle::ExclamationBox, QStringLiteral("Invalid Date/Time"));
         return;
     }
     const QString path = ws.programFile(ReminderIconFile(OptAlarmGif));
@@ -134,7 +145,11 @@ void ReminderForm::Shift(int minutes) {
     SetFieldsFor(*moment, minutes);
 }
 
-void ReminderForm::cmdPlusTen_Click() { Shift(10); }
-void ReminderForm::Command1_Click() { Shift(-10); }
+void ReminderForm::cmdPlusTen_Click() {
+    Shift(10);
+}
+void ReminderForm::Command1_Click() {
+    Shift(-10);
+}
 
 } // namespace pd

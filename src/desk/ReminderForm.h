@@ -57,7 +57,7 @@ struct ReminderForm {
     QString DateText() const;
     QString TimeText() const;
 
-private:
+  private:
     void Shift(int minutes);
 };
 

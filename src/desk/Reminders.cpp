@@ -38,14 +38,19 @@ bool IsLiveReminder(Workspace& ws, int j) {
 QString ReminderIconFile(int n) {
     return QString::fromLatin1(kColorRows[std::clamp(n, 0, kReminderColors - 1)].file);
 }
-int32_t ReminderBackColor(int n) { return kColorRows[std::clamp(n, 0, kReminderColors - 1)].back; }
-int32_t ReminderTextColor(int n) { return kColorRows[std::clamp(n, 0, kReminderColors - 1)].text; }
+int32_t ReminderBackColor(int n) {
+    return kColorRows[std::clamp(n, 0, kReminderColors - 1)].back;
+}
+int32_t ReminderTextColor(int n) {
+    return kColorRows[std::clamp(n, 0, kReminderColors - 1)].text;
+}
 
 int ReminderColorOfPath(const QString& path) {
     // "\alarmclock.gif" is not part of "\alarmclockbl.gif": the separator in front counts.
     for (int n = 0; n < kReminderColors; ++n) {
         const QString file = ReminderIconFile(n);
-        if (path.endsWith(QLatin1Char('/') + file) || path.endsWith(QLatin1Char('\\') + file) || path == file) return n;
+        if (path.endsWith(QLatin1Char('/') + file) || path.endsWith(QLatin1Char('\\') + file) || path == file)
+            return n;
     }
     return kReminderColors - 1;
 }
@@ -53,7 +58,8 @@ int ReminderColorOfPath(const QString& path) {
 bool AddReminder(Workspace& ws, int16_t x, int16_t y, const QString& note, const QString& date,
                  const QString& time, const QString& path) {
     if (!QFileInfo::exists(path)) {
-        ws.platform.messageBox(QStringLiteral("Can't find: ") + path + QStringLiteral(". Please reinstall the program."),
+        ws.platform.messageBox(QStringLiteral("Can't find: ") + path +
+                                   QStringLiteral(". Please reinstall the program."),
                                MsgStyle::ExclamationBox, QStringLiteral("Add Reminder"));
         return false;
     }

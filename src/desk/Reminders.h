@@ -11,9 +11,9 @@ class Workspace;
 
 // The four icon colours: their files beside the program, the note's back and text colours.
 inline constexpr int kReminderColors = 4;
-QString ReminderIconFile(int n);   // "alarmclock.gif", "alarmclockbl.gif", ...
-int32_t ReminderBackColor(int n);  // 65535, 0xFF0000, 65280, 255
-int32_t ReminderTextColor(int n);  // 0, 0xFFFFFF, 0, 0xFFFFFF
+QString ReminderIconFile(int n);  // "alarmclock.gif", "alarmclockbl.gif", ...
+int32_t ReminderBackColor(int n); // 65535, 0xFF0000, 65280, 255
+int32_t ReminderTextColor(int n); // 0, 0xFFFFFF, 0, 0xFFFFFF
 // The colour row whose file name the path holds (the first that matches); 3 when none does.
 int ReminderColorOfPath(const QString& path);
 

@@ -26,8 +26,9 @@ int16_t ToWordPos(float v) {
 } // namespace
 
 void SetReminderColors(Workspace& ws, int index, ShowReminderForm& window) {
-    const QString path = index >= 0 && index < static_cast<int>(ws.DeskObjects.size()) ? ws.DeskObjects[index].PicPath
-                                                                                         : QString();
+    const QString path = index >= 0 && index < static_cast<int>(ws.DeskObjects.size())
+                             ? ws.DeskObjects[index].PicPath
+                             : QString();
     const int n = ReminderColorOfPath(path);
     window.BackColor = ReminderBackColor(n);
     window.ForeColor = ReminderTextColor(n);
@@ -66,11 +67,14 @@ void ShowReminderForm::Unload() {
     }
 }
 
-void ShowReminderForm::cmdOK_Click() { Unload(); }
+void ShowReminderForm::cmdOK_Click() {
+    Unload();
+}
 
 void ShowReminderForm::cmdSnooze_Click() {
     const int j = Index();
-    const QString path = j >= 0 && j < static_cast<int>(ws.DeskObjects.size()) ? ws.DeskObjects[j].PicPath : QString();
+    const QString path =
+        j >= 0 && j < static_cast<int>(ws.DeskObjects.size()) ? ws.DeskObjects[j].PicPath : QString();
     const QDateTime later = ws.clock.now().addSecs(5 * 60);
     float x = 0, y = 0;
     if (ws.picTemp.exists(j)) {

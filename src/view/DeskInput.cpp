@@ -25,10 +25,14 @@ namespace {
 
 int Button(const QMouseEvent& ev) {
     switch (ev.button()) {
-    case Qt::LeftButton: return 1;
-    case Qt::RightButton: return 2;
-    case Qt::MiddleButton: return 4;
-    default: return 0;
+    case Qt::LeftButton:
+        return 1;
+    case Qt::RightButton:
+        return 2;
+    case Qt::MiddleButton:
+        return 4;
+    default:
+        return 0;
     }
 }
 
@@ -39,11 +43,16 @@ int Held(const QMouseEvent& ev) {
 
 int Shift(const QMouseEvent& ev) {
     const Qt::KeyboardModifiers m = ev.modifiers();
-    return (m & Qt::ShiftModifier ? 1 : 0) | (m & Qt::ControlModifier ? 2 : 0) | (m & Qt::AltModifier ? 4 : 0);
+    return (m & Qt::ShiftModifier ? 1 : 0) | (m & Qt::ControlModifier ? 2 : 0) |
+           (m & Qt::AltModifier ? 4 : 0);
 }
 
-float Tx(Workspace& ws, const QMouseEvent& ev) { return static_cast<float>(ev.position().x()) * ws.TwipsPerPixelX(); }
-float Ty(Workspace& ws, const QMouseEvent& ev) { return static_cast<float>(ev.position().y()) * ws.TwipsPerPixelY(); }
+float Tx(Workspace& ws, const QMouseEvent& ev) {
+    return static_cast<float>(ev.position().x()) * ws.TwipsPerPixelX();
+}
+float Ty(Workspace& ws, const QMouseEvent& ev) {
+    return static_cast<float>(ev.position().y()) * ws.TwipsPerPixelY();
+}
 
 void PopupPictureMenu(InputContext& ctx, const QMouseEvent& ev) {
     ctx.ws.menus["mnuDeleteContainer"].setVisible(false);
@@ -104,16 +113,23 @@ class NoteWatcher : public QObject {
   protected:
     bool eventFilter(QObject*, QEvent* ev) override {
         switch (ev->type()) {
-        case QEvent::FocusIn: txtNote_GotFocus(ws_, i_); break;
-        case QEvent::MouseButtonPress: txtNote_MouseDown(ws_, i_); break;
-        case QEvent::MouseMove: txtNote_MouseMove(ws_, i_); break;
+        case QEvent::FocusIn:
+            txtNote_GotFocus(ws_, i_);
+            break;
+        case QEvent::MouseButtonPress:
+            txtNote_MouseDown(ws_, i_);
+            break;
+        case QEvent::MouseMove:
+            txtNote_MouseMove(ws_, i_);
+            break;
         case QEvent::ShortcutOverride: {
             // While a note is edited, the menus' Ctrl and Alt keys are the note's (Ctrl+A selects its text).
             auto* key = static_cast<QKeyEvent*>(ev);
             if (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) ev->accept();
             break;
         }
-        default: break;
+        default:
+            break;
         }
         return false;
     }
@@ -131,13 +147,16 @@ bool WireDeskInput(InputContext& ctx, ElementWidget& w) {
     const int i = w.element().Index();
     if (name == QLatin1String("imgPicture")) {
         w.onPress = [&ctx, i](ElementWidget&, QMouseEvent& ev) {
-            const QString menu = imgPicture_MouseDown(ctx.ws, Button(ev), Shift(ev), i, Tx(ctx.ws, ev), Ty(ctx.ws, ev));
+            const QString menu =
+                imgPicture_MouseDown(ctx.ws, Button(ev), Shift(ev), i, Tx(ctx.ws, ev), Ty(ctx.ws, ev));
             if (!menu.isEmpty()) PopupPictureMenu(ctx, ev);
         };
         w.onMove = [&ws, i](ElementWidget&, QMouseEvent& ev) {
             imgPicture_MouseMove(ws, Held(ev), Shift(ev), i, Tx(ws, ev), Ty(ws, ev));
         };
-        w.onRelease = [&ws, i](ElementWidget&, QMouseEvent& ev) { imgPicture_MouseUp(ws, Button(ev), Shift(ev), i); };
+        w.onRelease = [&ws, i](ElementWidget&, QMouseEvent& ev) {
+            imgPicture_MouseUp(ws, Button(ev), Shift(ev), i);
+        };
         w.onDoubleClick = [&ws, i](ElementWidget&, QMouseEvent& ev) {
             if (ev.button() == Qt::LeftButton) imgPicture_DblClick(ws, i);
         };
@@ -146,7 +165,8 @@ bool WireDeskInput(InputContext& ctx, ElementWidget& w) {
     if (name == QLatin1String("picTemp")) {
         w.installEventFilter(new ReminderFacePainter(ws, w));
         w.onPress = [&ctx, i](ElementWidget&, QMouseEvent& ev) {
-            const QString menu = picTemp_MouseDown(ctx.ws, Button(ev), Shift(ev), i, Tx(ctx.ws, ev), Ty(ctx.ws, ev));
+            const QString menu =
+                picTemp_MouseDown(ctx.ws, Button(ev), Shift(ev), i, Tx(ctx.ws, ev), Ty(ctx.ws, ev));
             if (!menu.isEmpty()) PopupPictureMenu(ctx, ev);
         };
         w.onMove = [&ws, i](ElementWidget&, QMouseEvent& ev) {
@@ -154,7 +174,9 @@ bool WireDeskInput(InputContext& ctx, ElementWidget& w) {
             if (Held(ev) == 0) DockMouseMove(ws);
             picTemp_MouseMove(ws, Held(ev), Shift(ev), i, Tx(ws, ev), Ty(ws, ev));
         };
-        w.onRelease = [&ws, i](ElementWidget&, QMouseEvent& ev) { picTemp_MouseUp(ws, Button(ev), Shift(ev), i); };
+        w.onRelease = [&ws, i](ElementWidget&, QMouseEvent& ev) {
+            picTemp_MouseUp(ws, Button(ev), Shift(ev), i);
+        };
         w.onDoubleClick = [&ws, i](ElementWidget&, QMouseEvent& ev) {
             if (ev.button() == Qt::LeftButton) picTemp_DblClick(ws, i);
         };

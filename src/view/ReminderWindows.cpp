@@ -36,7 +36,8 @@ QComboBox* Combo(const char* name, QWidget* parent) {
 
 void SetList(QComboBox* c, const QStringList& items, const QString& text) {
     QStringList now;
-    for (int i = 0; i < c->count(); ++i) now << c->itemText(i);
+    for (int i = 0; i < c->count(); ++i)
+        now << c->itemText(i);
     if (now != items) {
         c->clear();
         c->addItems(items);
@@ -164,7 +165,8 @@ void ReminderDialog::sync() {
     SetList(ampm_, form_.AMPMList, form_.cboAMPM);
     if (text_->toPlainText() != form_.txtReminder) text_->setPlainText(form_.txtReminder);
     Colour(text_, form_.TextBackColor, form_.TextForeColor);
-    for (int n = 0; n < kReminderColors; ++n) colors_[n]->setChecked(n == form_.OptAlarmGif);
+    for (int n = 0; n < kReminderColors; ++n)
+        colors_[n]->setChecked(n == form_.OptAlarmGif);
     syncing_ = false;
     if (!form_.Loaded && isVisible()) done(QDialog::Accepted);
 }
@@ -184,7 +186,8 @@ void ReminderDialog::reject() {
 // --- frmShowReminder ---
 
 AlarmWindow::AlarmWindow(std::shared_ptr<ShowReminderForm> form, float twipsX, float twipsY)
-    : QWidget(nullptr, Qt::Tool | Qt::WindowStaysOnTopHint), form_(std::move(form)), tx_(twipsX), ty_(twipsY) {
+    : QWidget(nullptr, Qt::Tool | Qt::WindowStaysOnTopHint), form_(std::move(form)), tx_(twipsX),
+      ty_(twipsY) {
     setObjectName(form_->Name);
     setAttribute(Qt::WA_DeleteOnClose, true);
     setAutoFillBackground(true);
@@ -233,7 +236,8 @@ void AlarmWindow::sync() {
     Colour(text_, form_->BackColor, form_->ForeColor);
     const int w = static_cast<int>(std::lround(form_->Width / tx_));
     const int h = static_cast<int>(std::lround(form_->Height / ty_));
-    setGeometry(static_cast<int>(std::lround(form_->Left / tx_)), static_cast<int>(std::lround(form_->Top / ty_)), w, h);
+    setGeometry(static_cast<int>(std::lround(form_->Left / tx_)),
+                static_cast<int>(std::lround(form_->Top / ty_)), w, h);
     if (!form_->Loaded) {
         form_->onChanged = nullptr;
         close();

@@ -22,7 +22,9 @@
 using namespace pd;
 using namespace pd::test;
 
-void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+void PrintTo(const QString& s, std::ostream* os) {
+    *os << '"' << s.toStdString() << '"';
+}
 
 namespace {
 
@@ -32,7 +34,9 @@ class Notes : public ::testing::Test {
         t.start();
         WireCoreCommands(ws());
         ws().frmMain(0).Move(1500, 1500, 10065, 5265);
-        ws().onFocusRequest = [this](Element& e) { focused.push_back(e.Name() + QString::number(e.Index())); };
+        ws().onFocusRequest = [this](Element& e) {
+            focused.push_back(e.Name() + QString::number(e.Index()));
+        };
     }
     Workspace& ws() { return *t.ws; }
     DeskState& desk() { return Desk(ws()); }
@@ -185,8 +189,10 @@ TEST_F(Notes, LockEditingFromTheMenuAndCtrlLFlipsTheButtonsAndSaves) {
 }
 
 TEST_F(Notes, TheToolbarButtonsLockAndUnlockWithoutSaving) {
-    EXPECT_EQ(ws().PicLockToolbar(0).ToolTipText.get(), QStringLiteral("Click to Unlock the workspace for editing"));
-    EXPECT_EQ(ws().PicUnLockToolbar(0).ToolTipText.get(), QStringLiteral("Click to Lock the workspace for editing"));
+    EXPECT_EQ(ws().PicLockToolbar(0).ToolTipText.get(),
+              QStringLiteral("Click to Unlock the workspace for editing"));
+    EXPECT_EQ(ws().PicUnLockToolbar(0).ToolTipText.get(),
+              QStringLiteral("Click to Lock the workspace for editing"));
     QFile::remove(t.dataFile(QStringLiteral("Perchdock.REC")));
     PicUnLockToolbar_Click(ws());
     EXPECT_TRUE(ws().menus["mnuLock"].Checked());

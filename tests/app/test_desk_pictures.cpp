@@ -18,7 +18,9 @@
 using namespace pd;
 using namespace pd::test;
 
-void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+void PrintTo(const QString& s, std::ostream* os) {
+    *os << '"' << s.toStdString() << '"';
+}
 
 namespace {
 
@@ -203,9 +205,9 @@ TEST_F(Pictures, ALockedPictureSurvivesASaveAndALoadLocked) {
     ws().menus["mnuPicLock"].Click();
     SaveDesktop(ws(), false, true);
     EXPECT_TRUE(t.readData(QStringLiteral("Perchdock.ini"))
-                    .contains(CrLf({"[Picture]", "[Locked]", "1", "[PicX]", " 900 ", "[PicY]", " 1200 ", "[PicW]",
-                                    " 840 ", "[PicH]", " 690 ", "[PicPath]", "/pictures/cat.png", "TEMP", "TEMP",
-                                    "TEMP", "TEMP"})));
+                    .contains(CrLf({"[Picture]", "[Locked]", "1", "[PicX]", " 900 ", "[PicY]", " 1200 ",
+                                    "[PicW]", " 840 ", "[PicH]", " 690 ", "[PicPath]", "/pictures/cat.png",
+                                    "TEMP", "TEMP", "TEMP", "TEMP"})));
     t.restart();
     t.start();
     ASSERT_EQ(ws().DeskObjectCount, 1);
@@ -243,7 +245,8 @@ TEST_F(Pictures, ALeftDragMovesTheFrameAndTheReleaseKeepsItInside) {
     imgPicture_MouseMove(ws(), 1, 0, j, 150 - 2000, 150);
     EXPECT_EQ(ws().picPlaceholder(j).Left.get(), -800.0f);
     imgPicture_MouseUp(ws(), 1, 0, j);
-    EXPECT_GE(ws().picPlaceholder(j).Left.get(), -ws().picPlaceholder(j).Width.get() / 2) << "kept inside its owner";
+    EXPECT_GE(ws().picPlaceholder(j).Left.get(), -ws().picPlaceholder(j).Width.get() / 2)
+        << "kept inside its owner";
 }
 
 TEST_F(Pictures, ALockedWorkspaceOrALockedPictureDoesNotMove) {

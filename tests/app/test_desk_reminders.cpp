@@ -20,7 +20,9 @@
 using namespace pd;
 using namespace pd::test;
 
-void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+void PrintTo(const QString& s, std::ostream* os) {
+    *os << '"' << s.toStdString() << '"';
+}
 
 namespace {
 
@@ -44,8 +46,8 @@ class Reminders : public ::testing::Test {
     DeskState& desk() { return Desk(ws()); }
     QString Icon(int n = 0) { return ws().programFile(ReminderIconFile(n)); }
     // A reminder at (x, y) for the moment given as date and time texts.
-    int Add(const char* date, const char* time, const char* note = "Call Bob", int16_t x = 600, int16_t y = 900,
-            int color = 0) {
+    int Add(const char* date, const char* time, const char* note = "Call Bob", int16_t x = 600,
+            int16_t y = 900, int color = 0) {
         EXPECT_TRUE(AddReminder(ws(), x, y, QString::fromUtf8(note), QString::fromLatin1(date),
                                 QString::fromLatin1(time), Icon(color)));
         return ws().DeskObjectCount - 1;
@@ -69,12 +71,15 @@ TEST(ReminderDates, BothStoredFormsReadWithEnglishMonthNames) {
     EXPECT_EQ(ParseReminderMoment(QStringLiteral("Dec-25-2006 08:05 PM")), want);
     EXPECT_EQ(ParseReminderMoment(QStringLiteral("Dec/25/2006 08:05 PM")), want);
     EXPECT_EQ(ParseReminderMoment(QStringLiteral("December-25-2006 8:05 pm")), want);
-    EXPECT_EQ(ParseReminderMoment(QStringLiteral("Dec-25-2006 12:00 AM")), QDateTime(QDate(2006, 12, 25), QTime(0, 0)));
-    EXPECT_EQ(ParseReminderMoment(QStringLiteral("Dec-25-2006 12:30 PM")), QDateTime(QDate(2006, 12, 25), QTime(12, 30)));
+    EXPECT_EQ(ParseReminderMoment(QStringLiteral("Dec-25-2006 12:00 AM")),
+              QDateTime(QDate(2006, 12, 25), QTime(0, 0)));
+    EXPECT_EQ(ParseReminderMoment(QStringLiteral("Dec-25-2006 12:30 PM")),
+              QDateTime(QDate(2006, 12, 25), QTime(12, 30)));
     EXPECT_EQ(ParseReminderDate(QStringLiteral("1-Feb-2009")), QDate(2009, 2, 1));
     // Whatever the locale: German or French month names are not read, English ones always are.
     QLocale::setDefault(QLocale(QLocale::German));
-    EXPECT_EQ(ParseReminderMoment(QStringLiteral("Mar/05/2027 09:15 AM")), QDateTime(QDate(2027, 3, 5), QTime(9, 15)));
+    EXPECT_EQ(ParseReminderMoment(QStringLiteral("Mar/05/2027 09:15 AM")),
+              QDateTime(QDate(2027, 3, 5), QTime(9, 15)));
     EXPECT_FALSE(ParseReminderMoment(QStringLiteral("Mrz-05-2027 09:15 AM")));
     QLocale::setDefault(QLocale::c());
 }
@@ -138,9 +143,11 @@ TEST_F(Reminders, AnEmptyNoteIsStoredAndShownAsEmptyInBrackets) {
 
 TEST_F(Reminders, AMissingIconFileIsReportedAndNothingIsMade) {
     const QString gone = QDir(t.programDir()).filePath(QStringLiteral("nothere.gif"));
-    EXPECT_FALSE(AddReminder(ws(), 0, 0, QStringLiteral("x"), QStringLiteral("Jan-1-2026"), QStringLiteral("12:05 PM"), gone));
+    EXPECT_FALSE(AddReminder(ws(), 0, 0, QStringLiteral("x"), QStringLiteral("Jan-1-2026"),
+                             QStringLiteral("12:05 PM"), gone));
     ASSERT_EQ(t.platform.messages.size(), 1u);
-    EXPECT_EQ(t.platform.messages[0].text, QStringLiteral("Can't find: ") + gone + QStringLiteral(". Please reinstall the program."));
+    EXPECT_EQ(t.platform.messages[0].text,
+              QStringLiteral("Can't find: ") + gone + QStringLiteral(". Please reinstall the program."));
     EXPECT_EQ(t.platform.messages[0].title, QStringLiteral("Add Reminder"));
     EXPECT_EQ(t.platform.messages[0].style, 4144);
     EXPECT_EQ(ws().DeskObjectCount, 0);
@@ -238,7 +245,8 @@ TEST_F(Reminders, FiringShowsTheAlarmAtTheLowerRightFadingInAndTakesTheIconAway)
     EXPECT_FALSE(ws().picTemp(j).Visible.get()) << "the icon left the workspace";
     EXPECT_FALSE(ws().RemindersPresent);
     EXPECT_EQ(ws().DeskObjects[j].Date, QStringLiteral("Jan-1-2026")) << "the record stays";
-    EXPECT_NE(std::find(ws().TopmostWindows.begin(), ws().TopmostWindows.end(), a.Name), ws().TopmostWindows.end());
+    EXPECT_NE(std::find(ws().TopmostWindows.begin(), ws().TopmostWindows.end(), a.Name),
+              ws().TopmostWindows.end());
     // Fully transparent first, then 12.8 more each 20 ms: 20 steps, about 400 ms, to 255.
     EXPECT_EQ(t.platform.alpha[a.Name], 0);
     EXPECT_TRUE(desk().FadeInReminder.Enabled());
@@ -593,7 +601,8 @@ TEST_F(Reminders, ClearRemindersAsksAndTakesAllAway) {
     t.platform.answers = {MsgAnswer::No};
     ws().menus["mnuRemindersDelete"].Click();
     EXPECT_TRUE(ws().RemindersPresent);
-    EXPECT_EQ(t.platform.messages.back().text, QStringLiteral("Are you sure you want to clear all reminders?"));
+    EXPECT_EQ(t.platform.messages.back().text,
+              QStringLiteral("Are you sure you want to clear all reminders?"));
     EXPECT_EQ(t.platform.messages.back().style, 4148);
     t.platform.answers = {MsgAnswer::Yes};
     ws().menus["mnuRemindersDelete"].Click();
@@ -633,8 +642,9 @@ TEST_F(Reminders, AReminderSurvivesASaveAndALoad) {
     Add("Jan/03/2026", "09:00 AM", "", 300, 3300, 3);
     SaveDesktop(ws(), false, true);
     const QByteArray file = t.readData(QStringLiteral("Perchdock.ini"));
-    EXPECT_TRUE(file.contains(CrLf({"[Reminder]", "[PicX]", " 1500 ", "[PicY]", " 600 ", "[Date]", "Jan-2-2026", "[Time]",
-                                     "08:05 PM", "[Note]", "Line one", "Line two", "[END Note]", "[PicPath]"})))
+    EXPECT_TRUE(file.contains(
+        CrLf({"[Reminder]", "[PicX]", " 1500 ", "[PicY]", " 600 ", "[Date]", "Jan-2-2026", "[Time]",
+              "08:05 PM", "[Note]", "Line one", "Line two", "[END Note]", "[PicPath]"})))
         << file.toStdString();
     t.restart();
     t.start();
@@ -667,16 +677,16 @@ TEST_P(ReminderRecordVersions, LoadAsTheirVersionSays) {
                       version == QLatin1String("[1.05]");
     QByteArray file = version.toLatin1() + "\r\n";
     if (full) {
-        file += CrLf({"[Reminder]", "[PicX]", "1500", "[PicY]", "600", "[Date]", "Dec-25-2026", "[Time]", "08:05 PM",
-                      "[Note]", "", "Buy presents", "  for all", "", "[END Note]", "[PicPath]"});
+        file += CrLf({"[Reminder]", "[PicX]", "1500", "[PicY]", "600", "[Date]", "Dec-25-2026", "[Time]",
+                      "08:05 PM", "[Note]", "", "Buy presents", "  for all", "", "[END Note]", "[PicPath]"});
         file += Icon(2).toUtf8() + "\r\n";
         file += CrLf({"TEMP", "TEMP", "TEMP", "TEMP"});
     } else {
-        file += CrLf({"[Reminder]", "[PicX]", "1500", "[PicY]", "600", "[Date]", "Dec/25/2026", "[Time]", "08:05 PM",
-                      "[Note]", "Buy presents", "TEMP", "TEMP", "TEMP", "TEMP"});
+        file += CrLf({"[Reminder]", "[PicX]", "1500", "[PicY]", "600", "[Date]", "Dec/25/2026", "[Time]",
+                      "08:05 PM", "[Note]", "Buy presents", "TEMP", "TEMP", "TEMP", "TEMP"});
     }
-    file += CrLf({"[Reminder]", "[PicX]", "30", "[PicY]", "40", "[Date]", "Dec-26-2026", "[Time]", "09:00 AM", "[Note]",
-                  "Second"});
+    file += CrLf({"[Reminder]", "[PicX]", "30", "[PicY]", "40", "[Date]", "Dec-26-2026", "[Time]", "09:00 AM",
+                  "[Note]", "Second"});
     if (full) file += CrLf({"[END Note]", "[PicPath]"}) + Icon(0).toUtf8() + "\r\n";
     t.restart();
     t.writeData(QStringLiteral("Perchdock.ini"), file);
@@ -709,7 +719,8 @@ TEST_P(ReminderRecordVersions, LoadAsTheirVersionSays) {
     SaveDesktop(ws(), false, true);
     const QByteArray saved = t.readData(QStringLiteral("Perchdock.ini"));
     EXPECT_TRUE(saved.startsWith("[1.05]\r\n"));
-    EXPECT_TRUE(saved.contains(CrLf({"[Date]", "Dec-26-2026", "[Time]", "09:00 AM", "[Note]", "Second", "[END Note]"})));
+    EXPECT_TRUE(saved.contains(
+        CrLf({"[Date]", "Dec-26-2026", "[Time]", "09:00 AM", "[Note]", "Second", "[END Note]"})));
     EXPECT_FALSE(saved.contains("Buy presents")) << "the rung reminder is not saved";
 }
 

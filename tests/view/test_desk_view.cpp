@@ -134,7 +134,8 @@ struct DeskView : ::testing::Test {
     static int Dark(const QImage& img) {
         int n = 0;
         for (int y = 0; y < img.height(); ++y)
-            for (int x = 0; x < img.width(); ++x) n += qGray(img.pixel(x, y)) < 100 && qAlpha(img.pixel(x, y)) > 0;
+            for (int x = 0; x < img.width(); ++x)
+                n += qGray(img.pixel(x, y)) < 100 && qAlpha(img.pixel(x, y)) > 0;
         return n;
     }
     void Mouse(QWidget* w, QEvent::Type type, QPoint at, Qt::MouseButton button, Qt::MouseButtons held) {

@@ -126,7 +126,8 @@ TEST_F(ReminderWindowsTest, APastMomentKeepsTheDialogOpenUntilClear) {
 
 TEST_F(ReminderWindowsTest, TheAlarmFadesInAtTheLowerRightAndSnoozePutsTheIconBack) {
     ASSERT_TRUE(AddReminder(ws(), 900, 600, QStringLiteral("Call Bob"), QStringLiteral("Jan-1-2026"),
-                            QStringLiteral("12:01 PM"), ws().programFile(QStringLiteral("alarmclockgr.gif"))));
+                            QStringLiteral("12:01 PM"),
+                            ws().programFile(QStringLiteral("alarmclockgr.gif"))));
     ws().TimerHide.setEnabled(true);
     t.clock.advance(60000);
     ASSERT_EQ(Desk(ws()).Alarms.size(), 1u);
@@ -142,7 +143,8 @@ TEST_F(ReminderWindowsTest, TheAlarmFadesInAtTheLowerRightAndSnoozePutsTheIconBa
     auto* title = w->findChild<QLabel*>(QStringLiteral("lblTitle"));
     ASSERT_TRUE(title);
     EXPECT_EQ(title->text(), QStringLiteral("Jan-1-2026 12:01 PM"));
-    EXPECT_EQ(w->findChild<QPlainTextEdit*>(QStringLiteral("txtReminder"))->toPlainText(), QStringLiteral("Call Bob"));
+    EXPECT_EQ(w->findChild<QPlainTextEdit*>(QStringLiteral("txtReminder"))->toPlainText(),
+              QStringLiteral("Call Bob"));
     EXPECT_EQ(w->findChild<QLabel*>(QStringLiteral("lblCurPic"))->text(), QStringLiteral("0"));
     EXPECT_EQ(w->palette().color(QPalette::Window), QColor(0, 255, 0));
     auto* snooze = w->findChild<QPushButton*>(QStringLiteral("cmdSnooze"));
@@ -168,14 +170,15 @@ TEST_F(ReminderWindowsTest, TheAlarmFadesInAtTheLowerRightAndSnoozePutsTheIconBa
 }
 
 TEST_F(ReminderWindowsTest, DismissClosesTheAlarm) {
-    ASSERT_TRUE(AddReminder(ws(), 900, 600, QString(), QStringLiteral("Jan-1-2026"), QStringLiteral("12:01 PM"),
-                            ws().programFile(QStringLiteral("alarmclock.gif"))));
+    ASSERT_TRUE(AddReminder(ws(), 900, 600, QString(), QStringLiteral("Jan-1-2026"),
+                            QStringLiteral("12:01 PM"), ws().programFile(QStringLiteral("alarmclock.gif"))));
     ws().TimerHide.setEnabled(true);
     t.clock.advance(60000);
     ASSERT_EQ(Desk(ws()).Alarms.size(), 1u);
     QPointer<QWidget> w = registered[Desk(ws()).Alarms[0]->Name];
     ASSERT_TRUE(w);
-    EXPECT_EQ(w->findChild<QPlainTextEdit*>(QStringLiteral("txtReminder"))->toPlainText(), QStringLiteral("[empty]"));
+    EXPECT_EQ(w->findChild<QPlainTextEdit*>(QStringLiteral("txtReminder"))->toPlainText(),
+              QStringLiteral("[empty]"));
     w->findChild<QPushButton*>(QStringLiteral("cmdOK"))->click();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(!w || !w->isVisible());
