@@ -121,4 +121,17 @@ done
 [ "$ok" -eq 1 ] || fail "the snoozed reminder is at '$date_saved $time_saved', not five minutes after the snooze ($want_date $want_time)"
 log "the file holds the snoozed reminder at $date_saved $time_saved"
 [ ! -e "$REC" ] || fail "Perchdock.REC is left after a clean exit"
+
+# --- a reminder whose time passed while the program was not running rings at the start ---
+printf '[Reminder]\r\n[PicX]\r\n 600 \r\n[PicY]\r\n 600 \r\n[Date]\r\nJan-1-2020\r\n[Time]\r\n08:05 PM\r\n[Note]\r\nLong ago\r\n[END Note]\r\n[PicPath]\r\n%s/alarmclockrd.gif\r\nTEMP\r\nTEMP\r\nTEMP\r\nTEMP\r\n' \
+  "$(dirname "$PERCHDOCK")" >>"$INI"
+start_program
+wait_main_window "$PROGRAM_PID"
+wait_window '^Perchdock Reminder$' _NET_WM_WINDOW_TYPE_UTILITY 10
+log "the past reminder rang at the start"
+# Ending with the alarm open loses that reminder; the snoozed one stays.
+stop_program "$PROGRAM_PID"
+[ "$EXIT_STATUS" -eq 0 ] || fail "exit status $EXIT_STATUS after SIGTERM with an alarm open"
+grep -q "Long ago" "$INI" && fail "the rung reminder is still in Perchdock.ini"
+grep -q "Water the plants" "$INI" || fail "the snoozed reminder is gone from Perchdock.ini"
 log "passed"
