@@ -15,11 +15,14 @@ namespace {
 const QString kPasteText = QStringLiteral("Paste Text...");
 }
 
-bool CopyFilesToClipboard(Workspace& ws, const QStringList& Paths) { return ws.platform.setClipboardFiles(Paths); }
+bool CopyFilesToClipboard(Workspace& ws, const QStringList& Paths) {
+    return ws.platform.setClipboardFiles(Paths);
+}
 
 QStringList GetClipboardFiles(Workspace& ws) {
     QStringList out;
-    for (const QString& p : ws.platform.clipboardFiles()) out << p.trimmed();
+    for (const QString& p : ws.platform.clipboardFiles())
+        out << p.trimmed();
     return out;
 }
 
@@ -31,12 +34,13 @@ void mnuCopy_Click(Workspace& ws) {
     for (auto it = ws.SelectedLinks.rbegin(); it != ws.SelectedLinks.rend(); ++it) {
         const int n = *it;
         if (n < 0 || n >= static_cast<int>(ws.Links.size())) continue;
-        if (ws.Links[static_cast<size_t>(n)].LinkType == 2.0f) paths << ws.Links[static_cast<size_t>(n)].LinkPath;
+        if (ws.Links[static_cast<size_t>(n)].LinkType == 2.0f)
+            paths << ws.Links[static_cast<size_t>(n)].LinkPath;
     }
     if (!CopyFilesToClipboard(ws, paths)) {
         UnselectAllLinks(ws, true);
-        ws.platform.messageBox(QStringLiteral("Error copying Files or Folders to clipboard"), MsgStyle::CriticalBox,
-                               QStringLiteral("Error"));
+        ws.platform.messageBox(QStringLiteral("Error copying Files or Folders to clipboard"),
+                               MsgStyle::CriticalBox, QStringLiteral("Error"));
     }
 }
 
@@ -50,7 +54,8 @@ void SetPasteMenu(Workspace& ws, int i) {
     if (!GetClipboardFiles(ws).isEmpty()) {
         const bool linked = i >= 0 && i < static_cast<int>(ws.Containers.size()) &&
                             !ws.Containers[static_cast<size_t>(i)].CopyPath.isEmpty();
-        paste.setCaption(linked ? QStringLiteral("Paste Clipboard Files...") : QStringLiteral("Paste Shortcuts..."));
+        paste.setCaption(linked ? QStringLiteral("Paste Clipboard Files...")
+                                : QStringLiteral("Paste Shortcuts..."));
         paste.setVisible(true);
         return;
     }
@@ -59,7 +64,8 @@ void SetPasteMenu(Workspace& ws, int i) {
 
 void mnuPaste_Click(Workspace& ws) {
     if (ws.menus["mnuPaste"].Caption() != kPasteText) {
-        const bool onContainer = ws.menus["mnuDeleteContainer"].Visible() && ws.grpBorder.exists(ws.SelectedContainer);
+        const bool onContainer =
+            ws.menus["mnuDeleteContainer"].Visible() && ws.grpBorder.exists(ws.SelectedContainer);
         PasteFiles(ws, onContainer ? ws.grpBorder(ws.SelectedContainer) : ws.picBack(0));
     } else {
         const QString text = ws.platform.clipboardText();

@@ -9,8 +9,8 @@
 #include "desk/DeskState.h"
 #include "desk/Lock.h"
 #include "desk/Notes.h"
-#include "desk/ReminderForm.h"
 #include "desk/Pictures.h"
+#include "desk/ReminderForm.h"
 #include "shell/FileOperation.h"
 #include "shell/ShellState.h"
 #include "shortcuts/LinkLayout.h"
@@ -29,7 +29,9 @@ bool ValidContainer(const Workspace& ws, int i) {
 }
 
 // The last three characters of a path, trimmed and lowered: the extension as the drop tests it.
-QString Ext3(const QString& path) { return path.trimmed().right(3).toLower(); }
+QString Ext3(const QString& path) {
+    return path.trimmed().right(3).toLower();
+}
 
 void HideGuides(Workspace& ws) {
     for (ElementFamily* f : {&ws.ShapeMove, &ws.ShapeMovingIcon, &ws.ShapeIconFiller, &ws.LinkLine})
@@ -54,7 +56,8 @@ void CutLinkExtension(Workspace& ws, int n) {
     Element& label = ws.Link(n);
     const QString caption = label.Caption;
     const QString ext = caption.right(3).toLower();
-    if (caption.size() >= 4 && (ext == QLatin1String("lnk") || ext == QLatin1String("exe") || ext == QLatin1String("url")))
+    if (caption.size() >= 4 &&
+        (ext == QLatin1String("lnk") || ext == QLatin1String("exe") || ext == QLatin1String("url")))
         label.Caption = caption.left(caption.size() - 4);
 }
 
@@ -101,7 +104,8 @@ int grpBorder_OLEDragOver(Workspace& ws, int i, const DropData& data, int Shift)
     Element& label = Shell(ws).lblPath(0);
     Element& border = ws.grpBorder(i);
     if (label.Container() != &border) label.setContainer(&border);
-    label.Caption = (move ? QStringLiteral("Move to ") : QStringLiteral("Copy to ")) + ws.lblName(i).Caption.get();
+    label.Caption =
+        (move ? QStringLiteral("Move to ") : QStringLiteral("Copy to ")) + ws.lblName(i).Caption.get();
     label.ForeColor = border.ForeColor.get();
     const QSize px = ws.platform.textExtent(label.Caption, label.FontName, label.FontSize, label.FontBold);
     label.Move(100, 400, static_cast<float>(px.width()) * ws.TwipsPerPixelX(),
@@ -153,7 +157,8 @@ void grpBorder_OLEDragDrop(Workspace& ws, int i, const DropData& data, int Shift
         // A shortcut's own file dragged back onto its own container: nothing happens, nothing is saved.
         const int s = ws.SelectedLink;
         if (s >= 0 && s < static_cast<int>(ws.Links.size()) && ws.Link.exists(s) &&
-            data.files.first() == ws.Links[static_cast<size_t>(s)].LinkPath && ws.Link(s).Container() == &border) {
+            data.files.first() == ws.Links[static_cast<size_t>(s)].LinkPath &&
+            ws.Link(s).Container() == &border) {
             OLEDragLeave(ws);
             return;
         }
@@ -219,8 +224,10 @@ void picBack_OLEDragDrop(Workspace& ws, const DropData& data, int Shift, float X
         }
     } else if (!data.hasFiles()) {
         if (data.hasText) {
-            if (data.text.startsWith(QLatin1String("http"))) AddURL(ws, data.text, data.text, back);
-            else NewTextNote(ws, QStringLiteral("Text Snippet"), data.text);
+            if (data.text.startsWith(QLatin1String("http")))
+                AddURL(ws, data.text, data.text, back);
+            else
+                NewTextNote(ws, QStringLiteral("Text Snippet"), data.text);
         }
     } else {
         bool NoDuplicates = true;

@@ -14,10 +14,14 @@ namespace {
 
 constexpr qint64 ChunkSize = 1 << 20;
 
-bool Cancelled(const std::atomic<bool>* cancel) { return cancel && cancel->load(); }
+bool Cancelled(const std::atomic<bool>* cancel) {
+    return cancel && cancel->load();
+}
 
 // errno of the failed call, or EIO when the call left none.
-int LastError() { return errno != 0 ? errno : EIO; }
+int LastError() {
+    return errno != 0 ? errno : EIO;
+}
 
 qint64 TreeSize(const QString& path) {
     const QFileInfo info(path);
@@ -92,8 +96,8 @@ struct Copier {
         errno = 0;
         if (!QDir().mkdir(to)) return LastError();
         const QDir dir(from);
-        for (const QFileInfo& e :
-             dir.entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name)) {
+        for (const QFileInfo& e : dir.entryInfoList(
+                 QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name)) {
             const int r = copyTree(e.filePath(), to + QLatin1Char('/') + e.fileName());
             if (r != 0 || aborted) return r;
         }
@@ -142,9 +146,12 @@ FileOpResult RunFileOperation(const FileOpRequest& op, const std::atomic<bool>* 
             }
             errno = 0;
             bool ok;
-            if (op.flags & FileOp::AllowUndo) ok = QFile::moveToTrash(f);
-            else if (info.isDir() && !info.isSymLink()) ok = QDir(f).removeRecursively();
-            else ok = QFile::remove(f);
+            if (op.flags & FileOp::AllowUndo)
+                ok = QFile::moveToTrash(f);
+            else if (info.isDir() && !info.isSymLink())
+                ok = QDir(f).removeRecursively();
+            else
+                ok = QFile::remove(f);
             if (!ok) {
                 r.result = LastError();
                 return r;
@@ -162,7 +169,8 @@ FileOpResult RunFileOperation(const FileOpRequest& op, const std::atomic<bool>* 
         return r;
     }
     Copier c{cancel, progress};
-    for (const QString& f : op.from) c.total += TreeSize(f);
+    for (const QString& f : op.from)
+        c.total += TreeSize(f);
     for (const QString& f : op.from) {
         const QFileInfo info(f);
         if (!info.exists() && !info.isSymLink()) {

@@ -19,7 +19,8 @@ using FileOpProgress = std::function<void(qint64 done, qint64 total, const QStri
 // Runs `op` (FileOp::Copy or FileOp::Delete). `cancel`, when given, is polled between chunks and files:
 // once set, the partial copy is removed and the result is aborted. Returns 0 and `made` on success, or
 // the first error number (errno) with what was done until then.
-FileOpResult RunFileOperation(const FileOpRequest& op, const std::atomic<bool>* cancel, const FileOpProgress& progress);
+FileOpResult RunFileOperation(const FileOpRequest& op, const std::atomic<bool>* cancel,
+                              const FileOpProgress& progress);
 
 // The name that a copy of `name` takes in `folder` when its own is taken, as the file managers of the
 // desktop name copies: "a (copy).txt", then "a (copy 2).txt", "a (copy 3).txt"...; a folder or a name

@@ -29,8 +29,8 @@ bool CopyIntoFolderLink(Workspace& ws, int n, const QString& file, const QString
     if (!QFileInfo(folder).isDir() || targetInfo.exists() || targetInfo.isSymLink()) return false;
 
     bool aborted = false;
-    const int result = FileOperation(ws, {FileOp::Copy, {file}, folder, kCopyFlags, QStringLiteral("File Copy in Progress..")},
-                                     aborted);
+    const int result = FileOperation(
+        ws, {FileOp::Copy, {file}, folder, kCopyFlags, QStringLiteral("File Copy in Progress..")}, aborted);
     if (result != 0) {
         ws.platform.messageBox(QString::number(result), MsgStyle::CriticalBox);
         return false;
@@ -41,10 +41,12 @@ bool CopyIntoFolderLink(Workspace& ws, int n, const QString& file, const QString
     }
     if (n >= 0 && n < static_cast<int>(ws.Links.size())) ws.Links[static_cast<size_t>(n)].LinkPath = target;
     if (!move) return true;
-    const int deleted = FileOperation(ws, {FileOp::Delete, {file}, QString(), kDeleteFlags, QStringLiteral("Moving...")},
-                                      aborted);
-    if (deleted != 0) ws.platform.messageBox(QString::number(deleted), MsgStyle::CriticalBox);
-    else if (aborted) ws.platform.messageBox(QStringLiteral("Move Operation Failed"), MsgStyle::CriticalBox);
+    const int deleted = FileOperation(
+        ws, {FileOp::Delete, {file}, QString(), kDeleteFlags, QStringLiteral("Moving...")}, aborted);
+    if (deleted != 0)
+        ws.platform.messageBox(QString::number(deleted), MsgStyle::CriticalBox);
+    else if (aborted)
+        ws.platform.messageBox(QStringLiteral("Move Operation Failed"), MsgStyle::CriticalBox);
     return true;
 }
 

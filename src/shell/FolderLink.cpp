@@ -23,7 +23,8 @@ bool ValidContainer(const Workspace& ws, int i) {
 
 void ShowLinkedButtons(Workspace& ws, int i) {
     ws.picCopy2(i).Visible = true;
-    ws.picCopy2(i).ToolTipText = QStringLiteral("Folder Link: ") + ws.Containers[static_cast<size_t>(i)].CopyPath;
+    ws.picCopy2(i).ToolTipText =
+        QStringLiteral("Folder Link: ") + ws.Containers[static_cast<size_t>(i)].CopyPath;
     ws.picCopy1(i).Visible = false;
 }
 
@@ -34,12 +35,16 @@ int CompareNames(const QString& a, const QString& b) {
     while (i < a.size() && j < b.size()) {
         if (a[i].isDigit() && b[j].isDigit()) {
             qsizetype ei = i, ej = j;
-            while (ei < a.size() && a[ei].isDigit()) ++ei;
-            while (ej < b.size() && b[ej].isDigit()) ++ej;
+            while (ei < a.size() && a[ei].isDigit())
+                ++ei;
+            while (ej < b.size() && b[ej].isDigit())
+                ++ej;
             // Leading zeros do not count; the longer run of significant digits is the larger number.
             QStringView da = QStringView(a).mid(i, ei - i), db = QStringView(b).mid(j, ej - j);
-            while (da.size() > 1 && da.front() == QLatin1Char('0')) da = da.mid(1);
-            while (db.size() > 1 && db.front() == QLatin1Char('0')) db = db.mid(1);
+            while (da.size() > 1 && da.front() == QLatin1Char('0'))
+                da = da.mid(1);
+            while (db.size() > 1 && db.front() == QLatin1Char('0'))
+                db = db.mid(1);
             if (da.size() != db.size()) return da.size() < db.size() ? -1 : 1;
             if (const int c = da.compare(db); c != 0) return c < 0 ? -1 : 1;
             i = ei;
@@ -70,9 +75,11 @@ bool ListFolder(const QString& folder, QStringList& files, QStringList& folders)
     if (folder.isEmpty() || !info.isDir() || !info.isReadable()) return false;
     const QDir dir(folder);
     // Dot files stay hidden, as in the file managers.
-    for (const QFileInfo& e : dir.entryInfoList(QDir::Files | QDir::System | QDir::NoDotAndDotDot, QDir::NoSort))
+    for (const QFileInfo& e :
+         dir.entryInfoList(QDir::Files | QDir::System | QDir::NoDotAndDotDot, QDir::NoSort))
         files << e.filePath();
-    for (const QFileInfo& e : dir.entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::NoSort)) folders << e.filePath();
+    for (const QFileInfo& e : dir.entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::NoSort))
+        folders << e.filePath();
     SortNames(files);
     SortNames(folders);
     return true;
@@ -81,8 +88,10 @@ bool ListFolder(const QString& folder, QStringList& files, QStringList& folders)
 void picCopy1_MouseDown(Workspace& ws, int Button, int i) {
     if (Button != 1 || !ValidContainer(ws, i)) return;
     EnableDisableTimerHide(ws, false);
-    if (!ws.Containers[static_cast<size_t>(i)].CopyPath.isEmpty()) ShowLinkedButtons(ws, i);
-    else SetFolderLink(ws, i);
+    if (!ws.Containers[static_cast<size_t>(i)].CopyPath.isEmpty())
+        ShowLinkedButtons(ws, i);
+    else
+        SetFolderLink(ws, i);
     EnableDisableTimerHide(ws, true);
 }
 
@@ -99,7 +108,8 @@ void SetFolderLink(Workspace& ws, int i) {
     QString folder = ws.platform.chooseFolder(QStringLiteral("Set Container's Folder Link:"));
     if (folder.trimmed().isEmpty()) return;
     // The folder's own name, also for a chooser that answers with a closing separator.
-    while (folder.size() > 1 && folder.endsWith(QLatin1Char('/'))) folder.chop(1);
+    while (folder.size() > 1 && folder.endsWith(QLatin1Char('/')))
+        folder.chop(1);
     ws.lblName(i).Caption = GetFileName(folder);
     ws.Containers[static_cast<size_t>(i)].CopyPath = folder;
     ShowLinkedButtons(ws, i);

@@ -37,10 +37,13 @@ void ShellMenus(Workspace& ws, int container, int link) {
                         !ws.Containers[static_cast<size_t>(container)].CopyPath.isEmpty();
     for (const char* name : {"mnuSepCopyPath", "mnuOpenFolder", "mnuRefreshFolder", "mnuRefreshOnExpand"})
         ws.menus[QString::fromLatin1(name)].setVisible(linked && link < 0);
-    if (linked) ws.menus["mnuRefreshOnExpand"].setChecked(ws.Containers[static_cast<size_t>(container)].RefreshOnExpand);
+    if (linked)
+        ws.menus["mnuRefreshOnExpand"].setChecked(
+            ws.Containers[static_cast<size_t>(container)].RefreshOnExpand);
     if (link >= 0) {
         // "&Copy" is for file shortcuts; a web shortcut has no file to give.
-        const bool web = link < static_cast<int>(ws.Links.size()) && ws.Links[static_cast<size_t>(link)].LinkType == 1.0f;
+        const bool web =
+            link < static_cast<int>(ws.Links.size()) && ws.Links[static_cast<size_t>(link)].LinkType == 1.0f;
         ws.menus["mnuCopy"].setVisible(!web);
         ws.menus["mnuPaste"].setVisible(false);
         return;

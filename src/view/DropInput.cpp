@@ -21,7 +21,8 @@ namespace {
 
 // The key states as the handlers take them: 1 Shift, 2 Ctrl, 4 Alt.
 int ShiftOf(Qt::KeyboardModifiers m) {
-    return (m & Qt::ShiftModifier ? 1 : 0) | (m & Qt::ControlModifier ? 2 : 0) | (m & Qt::AltModifier ? 4 : 0);
+    return (m & Qt::ShiftModifier ? 1 : 0) | (m & Qt::ControlModifier ? 2 : 0) |
+           (m & Qt::AltModifier ? 4 : 0);
 }
 
 // Answers the drag with the handler's effect. The workspace moves a file itself (copy, then trash), so a
@@ -80,11 +81,14 @@ void WireDropInput(InputContext& ctx, ElementWidget& w) {
         if (event.type() == QEvent::DragMove && (data.hasFiles() || !data.text.isEmpty())) *carried = data;
         if (event.type() == QEvent::Drop && !data.hasFiles() && data.text.isEmpty()) data = *carried;
         if (event.type() == QEvent::DragEnter || event.type() == QEvent::DragMove) {
-            Answer(ev, back ? picBack_OLEDragOver(ws, data, shift) : grpBorder_OLEDragOver(ws, i, data, shift), !back);
+            Answer(ev,
+                   back ? picBack_OLEDragOver(ws, data, shift) : grpBorder_OLEDragOver(ws, i, data, shift),
+                   !back);
             return;
         }
         if (event.type() != QEvent::Drop) return;
-        const int effect = back ? picBack_OLEDragOver(ws, data, shift) : grpBorder_OLEDragOver(ws, i, data, shift);
+        const int effect =
+            back ? picBack_OLEDragOver(ws, data, shift) : grpBorder_OLEDragOver(ws, i, data, shift);
         Answer(ev, effect, !back);
         if (effect == 0) {
             OLEDragLeave(ws);
@@ -97,8 +101,10 @@ void WireDropInput(InputContext& ctx, ElementWidget& w) {
         QPointer<ElementWidget> guard(&widget);
         QTimer::singleShot(0, &widget, [&ws, back, i, data, shift, X, Y, guard] {
             if (!guard) return;
-            if (back) picBack_OLEDragDrop(ws, data, shift, X, Y);
-            else grpBorder_OLEDragDrop(ws, i, data, shift, X, Y);
+            if (back)
+                picBack_OLEDragDrop(ws, data, shift, X, Y);
+            else
+                grpBorder_OLEDragDrop(ws, i, data, shift, X, Y);
         });
     };
 }

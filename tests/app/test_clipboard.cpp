@@ -4,10 +4,10 @@
 #include "containers/ContainerMenus.h"
 #include "shell/Clipboard.h"
 #include "shell/ShellState.h"
+#include "shell_test_util.h"
 #include "shortcuts/LinkSelection.h"
 #include "shortcuts/Shortcuts.h"
 #include "window/WindowServices.h"
-#include "shell_test_util.h"
 
 using namespace pd;
 using namespace pd::test;
@@ -40,7 +40,8 @@ TEST_F(Clipboard, CopyListsTheSelectedFileShortcutsOldestSelectionFirst) {
     mnuCopy_Click(ws());
     EXPECT_TRUE(IsLinkSelected(ws(), 1)) << "the shortcut under the menu joins the selection";
     EXPECT_EQ(t.platform.clipboardFileList,
-              (QStringList{QStringLiteral("@/data/c.txt"), QStringLiteral("/data/a.txt"), QStringLiteral("/data/b.txt")}));
+              (QStringList{QStringLiteral("@/data/c.txt"), QStringLiteral("/data/a.txt"),
+                           QStringLiteral("/data/b.txt")}));
 }
 
 TEST_F(Clipboard, AFailedCopyUnselectsAndSaysSo) {

@@ -9,11 +9,11 @@
 #include "desk/ReminderForm.h"
 #include "shell/DragDrop.h"
 #include "shell/ShellState.h"
+#include "shell_test_util.h"
 #include "shortcuts/Launch.h"
 #include "shortcuts/LinkLayout.h"
 #include "shortcuts/LinkSelection.h"
 #include "shortcuts/Shortcuts.h"
-#include "shell_test_util.h"
 
 using namespace pd;
 using namespace pd::test;
@@ -65,7 +65,8 @@ TEST_F(DragDrop, CtrlDropOnAnOrdinaryContainerOnlyMakesAShortcut) {
 TEST_F(DragDrop, DroppingALinkFileCutsItsExtensionFromTheLabel) {
     const QString lnk = MakeFile(QStringLiteral("a.lnk"), "not a shell link");
     const QString exe = MakeFile(QStringLiteral("tool.EXE"));
-    const QString url = MakeFile(QStringLiteral("site.url"), "[InternetShortcut]\r\nURL=http://example.org/\r\n");
+    const QString url =
+        MakeFile(QStringLiteral("site.url"), "[InternetShortcut]\r\nURL=http://example.org/\r\n");
     const int c = t.newContainerAt(600, 600);
     grpBorder_OLEDragDrop(ws(), c, Files({lnk, exe, url}), 0, 450, 900);
     ASSERT_EQ(ws().LinkCount, 3);
@@ -79,7 +80,8 @@ TEST_F(DragDrop, DroppingALinkFileCutsItsExtensionFromTheLabel) {
 
     // With resolving off the .url stays a file shortcut, still without its extension.
     ws().menus["mnuExtractURL"].setChecked(false);
-    const QString url2 = MakeFile(QStringLiteral("other.url"), "[InternetShortcut]\r\nURL=http://example.com/\r\n");
+    const QString url2 =
+        MakeFile(QStringLiteral("other.url"), "[InternetShortcut]\r\nURL=http://example.com/\r\n");
     grpBorder_OLEDragDrop(ws(), c, Files({url2}), 0, 450, 900);
     EXPECT_EQ(ws().Link(3).Caption.get(), QStringLiteral("other"));
     EXPECT_EQ(ws().Links[3].LinkPath, url2);
@@ -259,10 +261,12 @@ TEST_F(DragDrop, ANewShortcutInAContainerTakesTheContainersFontSize) {
 TEST_F(DragDrop, AShortcutDraggedOutListsTheSelectionOfItsOwner) {
     const int c = t.newContainerAt(600, 600);
     const int d = t.newContainerAt(5000, 600);
-    for (const char* n : {"a.txt", "b.txt"}) AddShortcut(ws(), MakeFile(QString::fromLatin1(n)), ws().grpBorder(c));
+    for (const char* n : {"a.txt", "b.txt"})
+        AddShortcut(ws(), MakeFile(QString::fromLatin1(n)), ws().grpBorder(c));
     AddShortcut(ws(), MakeFile(QStringLiteral("other.txt")), ws().grpBorder(d));
     AddShortcut(ws(), ws().Links[0].LinkPath, ws().grpBorder(c));
-    for (int k = 0; k < 4; ++k) SetLinkSelected(ws(), k, true);
+    for (int k = 0; k < 4; ++k)
+        SetLinkSelected(ws(), k, true);
     const QStringList paths = Link_OLEStartDrag(ws(), 1);
     EXPECT_EQ(paths, (QStringList{ws().Links[1].LinkPath, ws().Links[0].LinkPath}));
 }

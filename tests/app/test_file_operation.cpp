@@ -3,8 +3,8 @@
 
 #include "shell/FileCopy.h"
 #include "shell/FileOperation.h"
-#include "shortcuts/Shortcuts.h"
 #include "shell_test_util.h"
+#include "shortcuts/Shortcuts.h"
 
 using namespace pd;
 using namespace pd::test;
@@ -33,8 +33,8 @@ TEST_F(FileOperations, TheEngineCopiesFilesAndFoldersAndRenamesOnCollision) {
     MakeFile(QStringLiteral("to/a.txt"), "old");
     qint64 last = 0, total = 0;
     const FileOpResult r = RunFileOperation(
-        {FileOp::Copy, {a, QDir(files.path()).filePath(QStringLiteral("from/tree"))}, to, 264, QString()}, nullptr,
-        [&](qint64 done, qint64 all, const QString&) {
+        {FileOp::Copy, {a, QDir(files.path()).filePath(QStringLiteral("from/tree"))}, to, 264, QString()},
+        nullptr, [&](qint64 done, qint64 all, const QString&) {
             EXPECT_GE(done, last);
             last = done;
             total = all;
@@ -66,20 +66,26 @@ TEST_F(FileOperations, ACancelledCopyIsAbortedAndLeavesNoPartOfTheCopy) {
 
 TEST_F(FileOperations, FailuresGiveTheErrorNumber) {
     const QString to = MakeDir(QStringLiteral("to"));
-    EXPECT_EQ(RunFileOperation({FileOp::Copy, {to + QStringLiteral("/none")}, to, 264, QString()}, nullptr, {}).result,
-              ENOENT);
+    EXPECT_EQ(
+        RunFileOperation({FileOp::Copy, {to + QStringLiteral("/none")}, to, 264, QString()}, nullptr, {})
+            .result,
+        ENOENT);
     const QString a = MakeFile(QStringLiteral("a.txt"));
-    EXPECT_EQ(RunFileOperation({FileOp::Copy, {a}, to + QStringLiteral("/gone"), 264, QString()}, nullptr, {}).result,
+    EXPECT_EQ(RunFileOperation({FileOp::Copy, {a}, to + QStringLiteral("/gone"), 264, QString()}, nullptr, {})
+                  .result,
               ENOENT);
     MakeFile(QStringLiteral("to/a.txt"));
-    EXPECT_EQ(RunFileOperation({FileOp::Copy, {a}, to, FileOp::SimpleProgress, QString()}, nullptr, {}).result, EEXIST)
+    EXPECT_EQ(
+        RunFileOperation({FileOp::Copy, {a}, to, FileOp::SimpleProgress, QString()}, nullptr, {}).result,
+        EEXIST)
         << "without rename on collision a name taken is an error";
 }
 
 TEST_F(FileOperations, ADeleteWithoutUndoRemovesForGood) {
     const QString a = MakeFile(QStringLiteral("d/a.txt"));
     const QString d = MakeDir(QStringLiteral("e/f"));
-    const FileOpResult r = RunFileOperation({FileOp::Delete, {a, d}, QString(), FileOp::SimpleProgress, QString()}, nullptr, {});
+    const FileOpResult r =
+        RunFileOperation({FileOp::Delete, {a, d}, QString(), FileOp::SimpleProgress, QString()}, nullptr, {});
     EXPECT_EQ(r.result, 0);
     EXPECT_FALSE(QFileInfo::exists(a));
     EXPECT_FALSE(QFileInfo::exists(d));
@@ -88,8 +94,12 @@ TEST_F(FileOperations, ADeleteWithoutUndoRemovesForGood) {
 TEST_F(FileOperations, TheWrapperPassesTheRecordAndGivesTheAbortedFlagBack) {
     t.platform.fileOpResults.push_back({0, true, {}});
     bool aborted = false;
-    const int r = FileOperation(ws(), {FileOp::Copy, {QStringLiteral("/x")}, QStringLiteral("/y"), kCopyFlags,
-                                       QStringLiteral("File Copy in Progress..")},
+    const int r = FileOperation(ws(),
+                                {FileOp::Copy,
+                                 {QStringLiteral("/x")},
+                                 QStringLiteral("/y"),
+                                 kCopyFlags,
+                                 QStringLiteral("File Copy in Progress..")},
                                 aborted);
     EXPECT_EQ(r, 0);
     EXPECT_TRUE(aborted);

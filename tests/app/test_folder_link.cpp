@@ -7,10 +7,10 @@
 #include "containers/Shrinking.h"
 #include "shell/FolderLink.h"
 #include "shell/ShellState.h"
+#include "shell_test_util.h"
 #include "shortcuts/LinkLayout.h"
 #include "shortcuts/LinkSelection.h"
 #include "shortcuts/Shortcuts.h"
-#include "shell_test_util.h"
 
 using namespace pd;
 using namespace pd::test;
@@ -29,7 +29,8 @@ class FolderLink : public ShellTest {
             return x.Left.get() != y.Left.get() ? x.Left.get() < y.Left.get() : x.Top.get() < y.Top.get();
         });
         QStringList out;
-        for (int k : ks) out << ws().Link(k).Caption.get();
+        for (int k : ks)
+            out << ws().Link(k).Caption.get();
         return out;
     }
 };
@@ -90,7 +91,8 @@ TEST_F(FolderLink, TheRebuildListsFilesThenSubfoldersInTheFileManagersOrder) {
     const QString folder = MakeDir(QStringLiteral("mirror"));
     for (const char* n : {"b10.txt", "B2.txt", "a.txt", "Setup.EXE", "site.url", ".hidden"})
         MakeFile(QStringLiteral("mirror/") + QString::fromLatin1(n));
-    for (const char* n : {"zeta", "Alpha", ".cache"}) MakeDir(QStringLiteral("mirror/") + QString::fromLatin1(n));
+    for (const char* n : {"zeta", "Alpha", ".cache"})
+        MakeDir(QStringLiteral("mirror/") + QString::fromLatin1(n));
     ws().menus["mnuExtractURL"].setChecked(false);
     const int c = LinkedContainer(folder);
     EXPECT_TRUE(RefreshFolderLink(ws(), c, false));
@@ -103,7 +105,8 @@ TEST_F(FolderLink, TheRebuildListsFilesThenSubfoldersInTheFileManagersOrder) {
     ASSERT_EQ(ws().LinkCount, 7);
     // In the order made: files, then folders.
     QStringList made;
-    for (int k = 0; k < 7; ++k) made << ws().Link(k).Caption.get();
+    for (int k = 0; k < 7; ++k)
+        made << ws().Link(k).Caption.get();
     EXPECT_EQ(made, (QStringList{QStringLiteral("a.txt"), QStringLiteral("B2.txt"), QStringLiteral("b10.txt"),
                                  QStringLiteral("Setup"), QStringLiteral("site"), QStringLiteral("Alpha"),
                                  QStringLiteral("zeta")}));

@@ -31,14 +31,14 @@
 namespace {
 
 class DragSource : public QLabel {
-public:
+  public:
     explicit DragSource(QStringList files) : files_(std::move(files)) {
         setText(QStringLiteral("drag me"));
         setAlignment(Qt::AlignCenter);
         setStyleSheet(QStringLiteral("background: #ffd040;"));
     }
 
-protected:
+  protected:
     void mousePressEvent(QMouseEvent* ev) override { press_ = ev->position().toPoint(); }
     void mouseMoveEvent(QMouseEvent* ev) override {
         if (!(ev->buttons() & Qt::LeftButton) || started_) return;
@@ -46,25 +46,27 @@ protected:
         started_ = true;
         auto* data = new QMimeData;
         QList<QUrl> urls;
-        for (const QString& f : files_) urls << QUrl::fromLocalFile(f);
+        for (const QString& f : files_)
+            urls << QUrl::fromLocalFile(f);
         data->setUrls(urls);
         data->setText(files_.join(QLatin1Char('\n')));
         auto* drag = new QDrag(this);
         drag->setMimeData(data);
-        const Qt::DropAction action = drag->exec(Qt::CopyAction | Qt::MoveAction | Qt::LinkAction, Qt::CopyAction);
+        const Qt::DropAction action =
+            drag->exec(Qt::CopyAction | Qt::MoveAction | Qt::LinkAction, Qt::CopyAction);
         std::printf("drop-action %d\n", static_cast<int>(action));
         std::fflush(stdout);
         QApplication::quit();
     }
 
-private:
+  private:
     QStringList files_;
     QPoint press_;
     bool started_ = false;
 };
 
 class DropTarget : public QLabel {
-public:
+  public:
     DropTarget() {
         setText(QStringLiteral("drop here"));
         setAlignment(Qt::AlignCenter);
@@ -72,7 +74,7 @@ public:
         setAcceptDrops(true);
     }
 
-protected:
+  protected:
     void dragEnterEvent(QDragEnterEvent* ev) override {
         if (!ev->mimeData()->hasUrls()) return;
         ev->setDropAction(Qt::CopyAction);
@@ -84,7 +86,8 @@ protected:
     }
     void dropEvent(QDropEvent* ev) override {
         QStringList uris;
-        for (const QUrl& u : ev->mimeData()->urls()) uris << QString::fromLatin1(u.toEncoded());
+        for (const QUrl& u : ev->mimeData()->urls())
+            uris << QString::fromLatin1(u.toEncoded());
         std::printf("dropped %s\n", qPrintable(uris.join(QLatin1Char(' '))));
         std::fflush(stdout);
         ev->setDropAction(Qt::CopyAction);
@@ -101,8 +104,9 @@ int Paste(const QString& folder) {
         const QMimeData* data = QGuiApplication::clipboard()->mimeData();
         if (data && data->hasUrls()) {
             std::printf("formats %s\n", qPrintable(data->formats().join(QLatin1Char(' '))));
-            std::printf("gnome-copied-files %s\n",
-                        data->data(QStringLiteral("x-special/gnome-copied-files")).replace('\n', '|').constData());
+            std::printf(
+                "gnome-copied-files %s\n",
+                data->data(QStringLiteral("x-special/gnome-copied-files")).replace('\n', '|').constData());
             for (const QUrl& u : data->urls())
                 if (u.isLocalFile()) files << u.toLocalFile();
             break;

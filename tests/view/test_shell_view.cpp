@@ -34,7 +34,9 @@ using namespace pd::test;
 
 namespace {
 
-void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+void PrintTo(const QString& s, std::ostream* os) {
+    *os << '"' << s.toStdString() << '"';
+}
 
 struct ShellView : ::testing::Test {
     TestWorkspace t;
@@ -67,14 +69,16 @@ struct ShellView : ::testing::Test {
     }
     // A drag that enters the widget at `at` (pixels) and is dropped there; returns whether the widget
     // took it and which action it answered.
-    std::pair<bool, Qt::DropAction> Drop(QWidget* w, QMimeData* data, QPoint at, Qt::KeyboardModifiers mods = {}) {
+    std::pair<bool, Qt::DropAction> Drop(QWidget* w, QMimeData* data, QPoint at,
+                                         Qt::KeyboardModifiers mods = {}) {
         QDragEnterEvent enter(at, Qt::CopyAction | Qt::MoveAction, data, Qt::LeftButton, mods);
         QApplication::sendEvent(w, &enter);
         if (!enter.isAccepted()) return {false, Qt::IgnoreAction};
         QDropEvent drop(QPointF(at), Qt::CopyAction | Qt::MoveAction, data, Qt::LeftButton, mods);
         QApplication::sendEvent(w, &drop);
         // The drop's work runs just after the answer.
-        for (int k = 0; k < 5; ++k) QApplication::processEvents();
+        for (int k = 0; k < 5; ++k)
+            QApplication::processEvents();
         return {drop.isAccepted(), drop.dropAction()};
     }
 };
@@ -82,7 +86,8 @@ struct ShellView : ::testing::Test {
 QMimeData* FileList(const QStringList& paths) {
     auto* d = new QMimeData;
     QList<QUrl> urls;
-    for (const QString& p : paths) urls << QUrl::fromLocalFile(p);
+    for (const QString& p : paths)
+        urls << QUrl::fromLocalFile(p);
     d->setUrls(urls);
     // File managers also offer the paths as text.
     d->setText(paths.join(QLatin1Char('\n')));
@@ -169,7 +174,8 @@ TEST_F(ShellView, CtrlDropOnAFolderLinkContainerMovesTheFileButAnswersACopy) {
 
 TEST_F(ShellView, TheDragDataIsReadAsFilesOrText) {
     QMimeData files;
-    files.setUrls({QUrl::fromLocalFile(QStringLiteral("/tmp/a b.txt")), QUrl(QStringLiteral("https://x.org/"))});
+    files.setUrls(
+        {QUrl::fromLocalFile(QStringLiteral("/tmp/a b.txt")), QUrl(QStringLiteral("https://x.org/"))});
     files.setText(QStringLiteral("/tmp/a b.txt"));
     DropData d = DropDataOf(&files);
     EXPECT_EQ(d.files, QStringList{QStringLiteral("/tmp/a b.txt")});
@@ -194,7 +200,8 @@ TEST(ShellPlatform, TheClipboardHoldsAFileListAsFileManagersReadIt) {
               QByteArray("file:///tmp/one.txt\r\nfile:///tmp/two%20words.txt"));
     EXPECT_EQ(d->data(QStringLiteral("x-special/gnome-copied-files")),
               QByteArray("copy\nfile:///tmp/one.txt\nfile:///tmp/two%20words.txt"));
-    EXPECT_EQ(p.clipboardFiles(), (QStringList{QStringLiteral("/tmp/one.txt"), QStringLiteral("/tmp/two words.txt")}));
+    EXPECT_EQ(p.clipboardFiles(),
+              (QStringList{QStringLiteral("/tmp/one.txt"), QStringLiteral("/tmp/two words.txt")}));
     EXPECT_TRUE(p.clipboardText().isEmpty()) << "a file list is no text";
     // An empty list is written too, and holds no files.
     ASSERT_TRUE(p.setClipboardFiles({}));
@@ -225,7 +232,8 @@ TEST(ShellPlatform, ACopyRunsUnderItsProgressWindowAndTheWindowKeepsRunning) {
             if (w->objectName() == QLatin1String("frmFileProgress")) title = w->windowTitle();
     });
     tick.start(20);
-    const FileOpResult r = p.fileOperation({FileOp::Copy, {src}, to, 264, QStringLiteral("File Copy in Progress..")});
+    const FileOpResult r =
+        p.fileOperation({FileOp::Copy, {src}, to, 264, QStringLiteral("File Copy in Progress..")});
     tick.stop();
     EXPECT_EQ(r.result, 0);
     EXPECT_FALSE(r.aborted);
@@ -258,7 +266,8 @@ TEST(ShellPlatform, CancelInTheProgressWindowAbortsTheCopy) {
                 }
     });
     press.start(30);
-    const FileOpResult r = p.fileOperation({FileOp::Copy, {src}, to, 264, QStringLiteral("File Copy in Progress..")});
+    const FileOpResult r =
+        p.fileOperation({FileOp::Copy, {src}, to, 264, QStringLiteral("File Copy in Progress..")});
     press.stop();
     EXPECT_TRUE(pressed);
     EXPECT_TRUE(r.aborted);
@@ -275,7 +284,8 @@ TEST(ShellPlatform, ADeleteGoesToTheTrash) {
         ASSERT_TRUE(f.open(QIODevice::WriteOnly));
     }
     QtPlatform p;
-    const FileOpResult r = p.fileOperation({FileOp::Delete, {file}, QString(), 320, QStringLiteral("Deleting...")});
+    const FileOpResult r =
+        p.fileOperation({FileOp::Delete, {file}, QString(), 320, QStringLiteral("Deleting...")});
     EXPECT_EQ(r.result, 0);
     EXPECT_FALSE(QFileInfo::exists(file));
 }

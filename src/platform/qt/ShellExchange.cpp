@@ -2,8 +2,8 @@
 // use, file operations on a worker thread under a progress window that the user can cancel, and file
 // drags out to other programs.
 
-#include "platform/qt/QtPlatform.h"
 #include "platform/qt/ShellExchange.h"
+#include "platform/qt/QtPlatform.h"
 #include "shell/FileCopy.h"
 
 #include <QApplication>
@@ -39,7 +39,8 @@ QMimeData* FileListData(const QStringList& paths) {
     data->setUrls(urls);
     // GNOME's and its kin's own form: the action, then one URL a line.
     QByteArray gnome("copy");
-    for (const QUrl& u : urls) gnome += '\n' + u.toEncoded();
+    for (const QUrl& u : urls)
+        gnome += '\n' + u.toEncoded();
     data->setData(QStringLiteral("x-special/gnome-copied-files"), gnome);
     return data;
 }
@@ -53,7 +54,8 @@ QStringList LocalFilesOf(const QMimeData* data) {
     if (data->hasUrls()) {
         urls = data->urls();
     } else if (data->hasFormat(QStringLiteral("x-special/gnome-copied-files"))) {
-        const QList<QByteArray> lines = data->data(QStringLiteral("x-special/gnome-copied-files")).split('\n');
+        const QList<QByteArray> lines =
+            data->data(QStringLiteral("x-special/gnome-copied-files")).split('\n');
         for (int k = 1; k < lines.size(); ++k)
             if (!lines[k].trimmed().isEmpty()) urls << QUrl::fromEncoded(lines[k].trimmed());
     }
@@ -98,20 +100,21 @@ FileOpResult QtPlatform::fileOperation(const FileOpRequest& op) {
     QObject* receiver = dialog ? static_cast<QObject*>(dialog.data()) : qApp;
     QThread* worker = QThread::create([op, cancel, result, receiver, pause] {
         QPointer<QObject> target(receiver);
-        *result = RunFileOperation(op, cancel.get(), [target, pause](qint64 done, qint64 total, const QString& file) {
-            if (pause > 0) QThread::msleep(static_cast<unsigned long>(pause));
-            auto* d = qobject_cast<QProgressDialog*>(target.data());
-            if (!d) return;
-            const int value = total > 0 ? static_cast<int>(done * 1000 / total) : 0;
-            const QString name = QFileInfo(file).fileName();
-            QMetaObject::invokeMethod(
-                d,
-                [d, value, name] {
-                    d->setLabelText(name);
-                    if (d->maximum() > 0) d->setValue(value);
-                },
-                Qt::QueuedConnection);
-        });
+        *result = RunFileOperation(
+            op, cancel.get(), [target, pause](qint64 done, qint64 total, const QString& file) {
+                if (pause > 0) QThread::msleep(static_cast<unsigned long>(pause));
+                auto* d = qobject_cast<QProgressDialog*>(target.data());
+                if (!d) return;
+                const int value = total > 0 ? static_cast<int>(done * 1000 / total) : 0;
+                const QString name = QFileInfo(file).fileName();
+                QMetaObject::invokeMethod(
+                    d,
+                    [d, value, name] {
+                        d->setLabelText(name);
+                        if (d->maximum() > 0) d->setValue(value);
+                    },
+                    Qt::QueuedConnection);
+            });
     });
     QEventLoop loop;
     QObject::connect(worker, &QThread::finished, &loop, &QEventLoop::quit);
@@ -138,9 +141,12 @@ int QtPlatform::startFileDrag(const QStringList& paths) {
     drag->setMimeData(FileListData(paths));
     switch (drag->exec(Qt::CopyAction | Qt::MoveAction | Qt::LinkAction, Qt::CopyAction)) {
     case Qt::CopyAction:
-    case Qt::LinkAction: return 1;
-    case Qt::MoveAction: return 2;
-    default: return 0;
+    case Qt::LinkAction:
+        return 1;
+    case Qt::MoveAction:
+        return 2;
+    default:
+        return 0;
     }
 }
 
