@@ -3,6 +3,7 @@
 #include "app/WorkspaceFile.h"
 #include "app/workspace/Workspace.h"
 #include "containers/Moving.h"
+#include "containers/Selection.h"
 #include "containers/Shrinking.h"
 #include "desk/DeskState.h"
 #include "desk/Reminders.h"
@@ -44,6 +45,8 @@ void DragBy(Workspace& ws, Element& moved, float X, float Y) {
 void Release(Workspace& ws, Element& moved) {
     if (moved.Left == ws.DropX && moved.Top == ws.DropY) return;
     KeepInsideParent(ws, moved);
+    // The selected containers end the drag with it, placed as a container drag places them.
+    MoveSelectedContainers(ws, -1, 0, 0, true);
     SaveDesktop(ws, true, false);
 }
 
