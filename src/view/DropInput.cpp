@@ -61,6 +61,14 @@ DropData DropDataOf(const QMimeData* data) {
 
 void WireDropInput(InputContext& ctx, ElementWidget& w) {
     const QString& name = w.element().Name();
+    if (name == QLatin1String("txtNote") || name == QLatin1String("groupName")) {
+        // The editors inside a container do not take drops themselves: a drop on a note goes to the
+        // container, which adds the text to the note after a blank line.
+        w.setAcceptDrops(false);
+        for (QWidget* child : w.findChildren<QWidget*>())
+            child->setAcceptDrops(false);
+        return;
+    }
     const bool back = name == QLatin1String("picBack");
     if (!back && name != QLatin1String("grpBorder")) return;
     w.setAcceptDrops(true);

@@ -172,6 +172,25 @@ TEST_F(ShellView, CtrlDropOnAFolderLinkContainerMovesTheFileButAnswersACopy) {
     EXPECT_FALSE(label.Visible.get());
 }
 
+TEST_F(ShellView, TextDroppedOnAnOpenNoteGoesThroughItsContainer) {
+    const int c = t.newContainerAt(600, 600);
+    ElementWidget* note = Widget(ws.txtNote(c));
+    ASSERT_NE(note, nullptr);
+    WireDropInput(ctx, *note);
+    WireDropInput(ctx, *Widget(ws.grpBorder(c)));
+    ws.txtNote(c).Text = QStringLiteral("first");
+    ws.txtNote(c).Visible = true;
+    for (QWidget* child : note->findChildren<QWidget*>())
+        EXPECT_FALSE(child->acceptDrops());
+    std::unique_ptr<QMimeData> data(new QMimeData);
+    data->setText(QStringLiteral("second"));
+    // The drag reaches the note's editor; refused there, it goes on to the container.
+    QWidget* target = note->findChildren<QWidget*>().isEmpty() ? note : note->findChildren<QWidget*>().last();
+    const auto [taken, action] = Drop(target, data.get(), QPoint(5, 5));
+    EXPECT_TRUE(taken);
+    EXPECT_EQ(ws.txtNote(c).Text.get(), QStringLiteral("first\r\n\r\nsecond"));
+}
+
 TEST_F(ShellView, TheDragDataIsReadAsFilesOrText) {
     QMimeData files;
     files.setUrls(
