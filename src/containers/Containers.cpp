@@ -10,6 +10,7 @@
 #include "themes/Buttons.h"
 #include "window/AutoHide.h"
 #include "window/RelativeLayout.h"
+#include "feeds/FeedContainers.h"
 
 #include <algorithm>
 #include <cmath>
@@ -194,6 +195,7 @@ void mnuDeleteContainer_Click(Workspace& ws) {
         for (int i = 0; i < ws.Group.Count(); ++i) {
             if (!ws.Group.exists(i) || !ws.lblName(i).FontBold) continue;
             ws.Group(i).Visible = false;
+            if (ws.Containers[i].IsFeed) FeedContainerDeleted(ws, i);
             ws.txtNote(i).Text = QString();
             ws.Containers[i].IconPath.clear();
             // The container's shortcuts go with it; their slots stay, empty.

@@ -527,6 +527,12 @@ QString FeedLastUpdateAge(Workspace& ws, int i) {
     return FormatUpdateAge(ws, Feeds(ws).HasReader(n) ? Feeds(ws).Reader(n).LastUpdate : QString());
 }
 
+void FeedContainerDeleted(Workspace& ws, int i) {
+    if (i < 0 || i >= static_cast<int>(ws.Containers.size()) || !ws.Containers[i].IsFeed) return;
+    FeedsState& f = Feeds(ws);
+    if (f.HasReader(ws.Containers[i].FeedIndex)) f.Reader(ws.Containers[i].FeedIndex).Clear();
+}
+
 void FeedPanelResized(Workspace& ws, int n) {
     UserControl1& p = Feeds(ws).Panel(n);
     p.RSS_Resize();

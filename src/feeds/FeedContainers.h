@@ -78,6 +78,9 @@ QString FeedLastUpdateAge(Workspace& ws, int i);
 // Shows or hides the feed entries of the container menu for container i.
 void SetFeedMenuEntries(Workspace& ws, int i);
 
+// A feed container was deleted: its reader lets its records go; the slot stays.
+void FeedContainerDeleted(Workspace& ws, int i);
+
 // The panel of feed n has a new size: it lays itself out and nudges both bars by 10 and back, so
 // that the sheet is drawn afresh.
 void FeedPanelResized(Workspace& ws, int n);

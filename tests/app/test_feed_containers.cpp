@@ -485,3 +485,16 @@ TEST_F(FeedContainers, RdfAndAtomFeedsFillTheirPanelsAndAreSearched) {
     txtSearch_Change(ws(), s);
     EXPECT_EQ(s.Results, 2);
 }
+
+TEST_F(FeedContainers, DeletingAFeedContainerClearsItsReaderAndKeepsTheSlot) {
+    p().httpReplies[QStringLiteral("http://feeds.test/d")] = Ok(Numbered("D", 3));
+    const int i = Add(QStringLiteral("http://feeds.test/d"));
+    const int n = ws().Containers[i].FeedIndex;
+    ASSERT_EQ(f().Reader(n).Count(), 3);
+    ws().SelectedContainer = static_cast<int16_t>(i);
+    p().answers.push_back(MsgAnswer::Yes);
+    mnuDeleteContainer_Click(ws());
+    EXPECT_FALSE(ws().Group(i).Visible.get());
+    EXPECT_EQ(f().Reader(n).Count(), 0);
+    EXPECT_EQ(ws().RSSCount, 1);
+}
