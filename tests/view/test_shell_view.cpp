@@ -4,6 +4,7 @@
 
 #include "platform/qt/QtPlatform.h"
 #include "platform/qt/ShellExchange.h"
+#include "shell/Clipboard.h"
 #include "shell/DragDrop.h"
 #include "shell/ShellState.h"
 #include "support/TestWorkspace.h"
@@ -14,6 +15,7 @@
 #include "view/MainView.h"
 #include "view/MenuView.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QDir>
@@ -21,6 +23,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QMimeData>
+#include <QMouseEvent>
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QTemporaryDir>
@@ -189,6 +192,50 @@ TEST_F(ShellView, TextDroppedOnAnOpenNoteGoesThroughItsContainer) {
     const auto [taken, action] = Drop(target, data.get(), QPoint(5, 5));
     EXPECT_TRUE(taken);
     EXPECT_EQ(ws.txtNote(c).Text.get(), QStringLiteral("first\r\n\r\nsecond"));
+}
+
+TEST_F(ShellView, TheFolderLinkButtonsTurnTheLinkOnAndOff) {
+    const QString folder = QDir(files.path()).filePath(QStringLiteral("Music"));
+    QDir().mkpath(folder);
+    const int c = t.newContainerAt(600, 600);
+    ElementWidget* on = Widget(ws.picCopy1(c));
+    ElementWidget* off = Widget(ws.picCopy2(c));
+    ASSERT_NE(on, nullptr);
+    ASSERT_NE(off, nullptr);
+    WireElementInput(ctx, *on);
+    WireElementInput(ctx, *off);
+    t.platform.folderAnswers = {folder};
+    QMouseEvent press(QEvent::MouseButtonPress, QPointF(3, 3), on->mapToGlobal(QPointF(3, 3)), Qt::LeftButton,
+                      Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(on, &press);
+    EXPECT_EQ(t.platform.folderPrompts, std::vector<QString>{QStringLiteral("Set Container's Folder Link:")});
+    EXPECT_EQ(ws.lblName(c).Caption.get(), QStringLiteral("Music"));
+    EXPECT_EQ(off->toolTip(), QStringLiteral("Folder Link: ") + folder);
+    QMouseEvent down(QEvent::MouseButtonPress, QPointF(3, 3), off->mapToGlobal(QPointF(3, 3)), Qt::LeftButton,
+                     Qt::LeftButton, Qt::NoModifier);
+    QMouseEvent up(QEvent::MouseButtonRelease, QPointF(3, 3), off->mapToGlobal(QPointF(3, 3)), Qt::LeftButton,
+                   Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(off, &down);
+    QApplication::sendEvent(off, &up);
+    EXPECT_TRUE(ws.Containers[static_cast<size_t>(c)].CopyPath.isEmpty());
+    EXPECT_TRUE(ws.picCopy1(c).Visible.get());
+    EXPECT_FALSE(ws.picCopy2(c).Visible.get());
+}
+
+TEST_F(ShellView, ThePasteEntryShowsItsCaptionInTheMenus) {
+    ws.menuSink = &menus;
+    t.platform.clipboardFileList = {QStringLiteral("/tmp/a.txt")};
+    SetPasteMenu(ws, -1);
+    QAction* paste = menus.action(QStringLiteral("mnuPaste"));
+    ASSERT_NE(paste, nullptr);
+    EXPECT_EQ(paste->text(), QStringLiteral("Paste Shortcuts..."));
+    EXPECT_TRUE(paste->isVisible());
+    t.platform.clipboard = QStringLiteral("text");
+    SetPasteMenu(ws, -1);
+    EXPECT_EQ(paste->text(), QStringLiteral("Paste Text..."));
+    ASSERT_NE(menus.action(QStringLiteral("mnuCopy")), nullptr);
+    EXPECT_EQ(menus.action(QStringLiteral("mnuOpenFolder"))->text(), QStringLiteral("&Explore Folder"));
+    ws.menuSink = nullptr;
 }
 
 TEST_F(ShellView, TheDragDataIsReadAsFilesOrText) {
