@@ -43,9 +43,11 @@ struct Setup {
     bool start() {
         qputenv("XDG_DATA_HOME", home.path().toUtf8());
         const QString portFile = home.filePath(QStringLiteral("port"));
-        server.start(QStringLiteral("python3"), {QStringLiteral(PERCHDOCK_FEED_SERVER), QStringLiteral("--port-file"), portFile,
-                                                 QStringLiteral("--latency"), QString::number(kLatencyMs)});
-        for (int k = 0; k < 100 && !QFile::exists(portFile); ++k) QThread::msleep(50);
+        server.start(QStringLiteral("python3"),
+                     {QStringLiteral(PERCHDOCK_FEED_SERVER), QStringLiteral("--port-file"), portFile,
+                      QStringLiteral("--latency"), QString::number(kLatencyMs)});
+        for (int k = 0; k < 100 && !QFile::exists(portFile); ++k)
+            QThread::msleep(50);
         QFile f(portFile);
         if (!f.open(QIODevice::ReadOnly)) return false;
         port = f.readAll().trimmed().toInt();

@@ -31,8 +31,10 @@ constexpr int32_t kGreen = 32768;
 const QString kTimeFormat = QStringLiteral("yyyy-MM-dd hh:mm:ss");
 
 void Status(Workspace& ws, const QString& text) {
-    if (ws.splash.loaded && ws.splash.frmSplash(0).Visible) ws.showStatus(text);
-    else ws.lblCaption(0).Caption = text;
+    if (ws.splash.loaded && ws.splash.frmSplash(0).Visible)
+        ws.showStatus(text);
+    else
+        ws.lblCaption(0).Caption = text;
 }
 
 // Fetches `url` into `file`; `done` gets true when the file was written from a good answer.
@@ -70,7 +72,9 @@ bool IsFeedUrl(const QString& url) {
     if (colon < 2) return false; // no scheme, or a drive letter
     for (int k = 0; k < colon; ++k) {
         const QChar c = url[k];
-        if (!(c.isLetterOrNumber() || c == QLatin1Char('+') || c == QLatin1Char('-') || c == QLatin1Char('.'))) return false;
+        if (!(c.isLetterOrNumber() || c == QLatin1Char('+') || c == QLatin1Char('-') ||
+              c == QLatin1Char('.')))
+            return false;
     }
     if (!url[0].isLetter() || url.size() == colon + 1) return false;
     if (url.endsWith(QLatin1Char('/')) || url.endsWith(QLatin1Char('\\'))) return false;
@@ -82,7 +86,9 @@ QString GetHostName(const QString& url) {
     return parts.size() > 2 ? parts[2] : QString();
 }
 
-QString NowText(Workspace& ws) { return ws.clock.now().toString(kTimeFormat); }
+QString NowText(Workspace& ws) {
+    return ws.clock.now().toString(kTimeFormat);
+}
 
 QString FormatUpdateAge(Workspace& ws, const QString& t) {
     if (t.trimmed().isEmpty()) return QStringLiteral("Last Update: [not available]");
@@ -155,8 +161,10 @@ bool AddRSS(Workspace& ws, QString& url, int16_t parentIndex, std::function<void
     }
     Workspace* w = &ws;
     reader.GetFeed([w, n, i, done] {
-        if (Feeds(*w).Reader(n).Count() < 1) ShowFeedError(*w, n);
-        else ShowFeedHeadlines(*w, i);
+        if (Feeds(*w).Reader(n).Count() < 1)
+            ShowFeedError(*w, n);
+        else
+            ShowFeedHeadlines(*w, i);
         if (done) done();
     });
     return true;
@@ -188,7 +196,8 @@ void ShowFeedHeadlines(Workspace& ws, int i) {
     clsReader& reader = f.Reader(n);
     reader.LastUpdate = NowText(ws);
     ws.lblRSSLastUpdate(n).Caption = reader.LastUpdate;
-    if (ws.lblName(i).Caption.get() == QLatin1String("Container")) ws.lblName(i).Caption = reader.ChannelTitle();
+    if (ws.lblName(i).Caption.get() == QLatin1String("Container"))
+        ws.lblName(i).Caption = reader.ChannelTitle();
     AddRSSShrinkIcon(ws, reader.FeedURL, i);
     UserControl1& p = f.Panel(n);
     p.FeedReaderIndex = static_cast<int16_t>(n);
@@ -214,7 +223,8 @@ void ShowFeedError(Workspace& ws, int n) {
     p.AddHeadLine(QStringLiteral("Error opening RSS news feed"), 0);
     p.AddHeadLine(QStringLiteral("Check your internet connection and/or the Proxy Server address"), 1);
     p.AddHeadLine(QStringLiteral("Click the Refresh button to try again"), 2);
-    p.AddHeadLine(QStringLiteral("* Make sure you have MSXML6 installed-See the readme.txt file for more"), 3);
+    p.AddHeadLine(QStringLiteral("* Make sure you have MSXML6 installed-See the readme.txt file for more"),
+                  3);
     p.RSS_Resize();
     p.ChangeHeadlinesForeColor(kRed);
     p.SetScrolls();
@@ -228,8 +238,10 @@ void RefreshRSS(Workspace& ws, int n, int i, std::function<void()> done) {
     f.Panel(n).Clear();
     Workspace* w = &ws;
     reader.GetFeed([w, n, i, done] {
-        if (Feeds(*w).Reader(n).Count() < 1) ShowFeedError(*w, n);
-        else ShowFeedHeadlines(*w, i);
+        if (Feeds(*w).Reader(n).Count() < 1)
+            ShowFeedError(*w, n);
+        else
+            ShowFeedHeadlines(*w, i);
         if (done) done();
     });
 }
@@ -241,17 +253,19 @@ void AddRSSShrinkIcon(Workspace& ws, const QString& url, int i) {
     const QString favicon = ws.dataFile(QStringLiteral("favicon.ico"));
     Workspace* w = &ws;
     // One file serves every feed and is overwritten by each download.
-    DownloadFile(ws, QStringLiteral("http://") + h + QStringLiteral("/favicon.ico"), favicon, [w, i, favicon](bool ok) {
-        Workspace& ws = *w;
-        if (i < 0 || i >= static_cast<int>(ws.Containers.size())) return;
-        const QString icon = ws.Containers[i].IconPath;
-        if (icon.isEmpty() || icon.contains(QLatin1String("rss.ico")) || icon.contains(QLatin1String("favicon.ico"))) {
-            AddShrinkIcon(ws, ok ? favicon : ws.programFile(QStringLiteral("rss.ico")), i);
-        } else {
-            AddShrinkIcon(ws, icon, i);
-        }
-        DrawRSSIconOnTopofShrinkIcon(ws, i);
-    });
+    DownloadFile(ws, QStringLiteral("http://") + h + QStringLiteral("/favicon.ico"), favicon,
+                 [w, i, favicon](bool ok) {
+                     Workspace& ws = *w;
+                     if (i < 0 || i >= static_cast<int>(ws.Containers.size())) return;
+                     const QString icon = ws.Containers[i].IconPath;
+                     if (icon.isEmpty() || icon.contains(QLatin1String("rss.ico")) ||
+                         icon.contains(QLatin1String("favicon.ico"))) {
+                         AddShrinkIcon(ws, ok ? favicon : ws.programFile(QStringLiteral("rss.ico")), i);
+                     } else {
+                         AddShrinkIcon(ws, icon, i);
+                     }
+                     DrawRSSIconOnTopofShrinkIcon(ws, i);
+                 });
 }
 
 void DrawRSSIconOnTopofShrinkIcon(Workspace& ws, int i) {
@@ -332,8 +346,10 @@ void PumpRefreshAll(Workspace& ws) {
         }
         if (!run.answered[run.next]) return;
         const int n = ws.Containers[i].FeedIndex;
-        if (f.Reader(n).Count() < 1) ShowFeedError(ws, n);
-        else ShowFeedHeadlines(ws, i);
+        if (f.Reader(n).Count() < 1)
+            ShowFeedError(ws, n);
+        else
+            ShowFeedHeadlines(ws, i);
         UnselectGroup(ws, i);
         ++run.next;
         run.announced = false;
@@ -415,11 +431,14 @@ void AddRSS_OKButton(Workspace& ws, FrmAddRSS& f) {
     } else {
         for (int k = static_cast<int>(f.lstFeeds.size()) - 1; k >= 0; --k) {
             QString url = f.lstFeeds[k];
-            if (AddRSS(ws, url, -1)) f.lstFeeds.removeAt(k);
-            else allAdded = false;
+            if (AddRSS(ws, url, -1))
+                f.lstFeeds.removeAt(k);
+            else
+                allAdded = false;
         }
     }
-    if (!allAdded) ws.platform.messageBox(QStringLiteral("Could not add all RSS feeds"), MsgStyle::ExclamationBox);
+    if (!allAdded)
+        ws.platform.messageBox(QStringLiteral("Could not add all RSS feeds"), MsgStyle::ExclamationBox);
     f.MousePointer = 0;
     f.lblWaitVisible = false;
     AddRSS_Cancel(ws, f);

@@ -26,13 +26,15 @@ void WireFeeds(Workspace& ws) {
         if (m.has(QStringLiteral("mnuRSSSearchItem"), n)) {
             m["mnuRSSRecentSearches"].addChild(&m("mnuRSSSearchItem", n));
         } else {
-            m.add(QStringLiteral("mnuRSSSearchItem"), QString(), QStringLiteral("mnuRSSRecentSearches"), n).setVisible(false);
+            m.add(QStringLiteral("mnuRSSSearchItem"), QString(), QStringLiteral("mnuRSSRecentSearches"), n)
+                .setVisible(false);
         }
     }
     m.add("mnuSepRecentSearches", "-", "mnuRSSRecentSearches");
     m.add("mnuClearRecentSearchTerms", "&Clear Recent List", "mnuRSSRecentSearches");
     m.add("mnuSepRSSSettings", "-", "mnuRSSNewsFeeds");
-    for (const char* name : {"mnuHighlightRSS", "mnuRSSLoadOnStartup", "mnuRSSOpenDirectly", "mnuRSSSetProxy"})
+    for (const char* name :
+         {"mnuHighlightRSS", "mnuRSSLoadOnStartup", "mnuRSSOpenDirectly", "mnuRSSSetProxy"})
         m.share(QString::fromLatin1(name), QStringLiteral("mnuRSSNewsFeeds"));
     m["mnuRSSSetProxy"].setCaption(QStringLiteral("&Proxy Server"));
 
@@ -63,7 +65,8 @@ void WireFeeds(Workspace& ws) {
         if (c < 0 || c >= static_cast<int>(w->Containers.size()) || !w->Containers[c].IsFeed) return;
         f.Panel(w->Containers[c].FeedIndex).mnuOpenInBrowser_Click();
     };
-    for (int n = 0; n < 10; ++n) m("mnuRSSSearchItem", n).onClick = [w, n] { mnuRSSSearchItem_Click(*w, n); };
+    for (int n = 0; n < 10; ++n)
+        m("mnuRSSSearchItem", n).onClick = [w, n] { mnuRSSSearchItem_Click(*w, n); };
 }
 
 } // namespace pd

@@ -36,11 +36,14 @@ void OpenSearch(Workspace& ws, const QString* term) {
 
 int RecentTermCount(Workspace& ws) {
     int n = 1;
-    while (n < 10 && ws.menus.has(kItem, n) && ws.menus(kItem, n).Visible()) ++n;
+    while (n < 10 && ws.menus.has(kItem, n) && ws.menus(kItem, n).Visible())
+        ++n;
     return n;
 }
 
-void mnuRSSSearch_Click(Workspace& ws) { OpenSearch(ws, nullptr); }
+void mnuRSSSearch_Click(Workspace& ws) {
+    OpenSearch(ws, nullptr);
+}
 
 void mnuRSSSearchItem_Click(Workspace& ws, int index) {
     if (!ws.menus.has(kItem, index)) return;
@@ -102,7 +105,9 @@ void txtSearch_Change(Workspace& ws, FrmRSSSearch& f) {
     Changed(f);
 }
 
-void RSSSearch_CheckClick(Workspace& ws, FrmRSSSearch& f) { txtSearch_Change(ws, f); }
+void RSSSearch_CheckClick(Workspace& ws, FrmRSSSearch& f) {
+    txtSearch_Change(ws, f);
+}
 
 void RSSSearch_Unload(Workspace& ws, FrmRSSSearch& f) {
     ws.RSSchkFullValue = f.chkFull ? 1 : 0;
@@ -117,7 +122,8 @@ void RSSSearch_Unload(Workspace& ws, FrmRSSSearch& f) {
         if (ws.menus(kItem, n).Caption() == text) return;
     if (count >= 10) {
         // The oldest term goes: each member takes the next one's caption, the last the new term.
-        for (int n = 0; n < count - 1; ++n) ws.menus(kItem, n).setCaption(ws.menus(kItem, n + 1).Caption());
+        for (int n = 0; n < count - 1; ++n)
+            ws.menus(kItem, n).setCaption(ws.menus(kItem, n + 1).Caption());
         ws.menus(kItem, count - 1).setCaption(text);
         return;
     }

@@ -11,7 +11,9 @@ namespace {
 
 const QString kViewer = QStringLiteral("frmRSSView");
 
-FrmRSSView& View(Workspace& ws) { return Feeds(ws).Viewer; }
+FrmRSSView& View(Workspace& ws) {
+    return Feeds(ws).Viewer;
+}
 
 void Changed(Workspace& ws) {
     if (Feeds(ws).onViewerChanged) Feeds(ws).onViewerChanged();
@@ -96,11 +98,13 @@ void DisplayRSS(Workspace& ws) {
         // An item that is not there (an empty reader, a refresh that failed) leaves the page blank.
         if (v.CurrentItem >= 1 && v.CurrentItem <= n) {
             const clsHeadLine& item = feed->Item(v.CurrentItem);
-            QString doc = QStringLiteral("<b><font size='5' color='#C0C0C0'>") + QString::number(v.CurrentItem) +
-                          QStringLiteral("/") + QString::number(n) + QStringLiteral(" ") + item.HeadLine +
-                          QStringLiteral("</font></b><hr><br>");
-            if (!item.Description.trimmed().isEmpty()) doc += item.Description;
-            else doc += QStringLiteral("<html><head><b>No Description</b></head></html>");
+            QString doc = QStringLiteral("<b><font size='5' color='#C0C0C0'>") +
+                          QString::number(v.CurrentItem) + QStringLiteral("/") + QString::number(n) +
+                          QStringLiteral(" ") + item.HeadLine + QStringLiteral("</font></b><hr><br>");
+            if (!item.Description.trimmed().isEmpty())
+                doc += item.Description;
+            else
+                doc += QStringLiteral("<html><head><b>No Description</b></head></html>");
             v.Document = doc;
         }
     }
@@ -150,8 +154,10 @@ void RSSView_cmdBack(Workspace& ws) {
     FrmRSSView& v = View(ws);
     FeedsState& f = Feeds(ws);
     const int count = f.HasReader(v.CurrentFeed) ? f.Reader(v.CurrentFeed).Count() : 0;
-    if (v.CurrentItem == 1) v.CurrentItem = static_cast<int16_t>(count);
-    else v.CurrentItem = static_cast<int16_t>(v.CurrentItem - 1);
+    if (v.CurrentItem == 1)
+        v.CurrentItem = static_cast<int16_t>(count);
+    else
+        v.CurrentItem = static_cast<int16_t>(v.CurrentItem - 1);
     DisplayRSS(ws);
 }
 
@@ -159,8 +165,10 @@ void RSSView_cmdNext(Workspace& ws) {
     FrmRSSView& v = View(ws);
     FeedsState& f = Feeds(ws);
     const int count = f.HasReader(v.CurrentFeed) ? f.Reader(v.CurrentFeed).Count() : 0;
-    if (v.CurrentItem == count) v.CurrentItem = 1;
-    else v.CurrentItem = static_cast<int16_t>(v.CurrentItem + 1);
+    if (v.CurrentItem == count)
+        v.CurrentItem = 1;
+    else
+        v.CurrentItem = static_cast<int16_t>(v.CurrentItem + 1);
     DisplayRSS(ws);
 }
 
@@ -214,7 +222,9 @@ void RSSView_cmdOpen(Workspace& ws) {
     if (notOnTop) RSSView_cmdClose(ws);
 }
 
-void RSSView_cmdClose(Workspace& ws) { RSSView_Unload(ws); }
+void RSSView_cmdClose(Workspace& ws) {
+    RSSView_Unload(ws);
+}
 
 void RSSView_cmdOnTop(Workspace& ws) {
     FrmRSSView& v = View(ws);

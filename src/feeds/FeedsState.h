@@ -70,7 +70,9 @@ struct FeedsState {
 };
 
 // A feed text as displays show it; the record keeps its raw text.
-inline QString Cleaned(QString text) { return StripHTMLTags(text); }
+inline QString Cleaned(QString text) {
+    return StripHTMLTags(text);
+}
 
 // The workspace's feed state, made at its first use.
 FeedsState& Feeds(Workspace& ws);

@@ -23,7 +23,9 @@ constexpr float kRowFontSize = 8;
 constexpr float kBarPixels = 17;
 constexpr int32_t kReadColor = 0xC0C0C0;
 
-bool Fits16(double v) { return v >= -32768 && v <= 32767; }
+bool Fits16(double v) {
+    return v >= -32768 && v <= 32767;
+}
 
 } // namespace
 
@@ -106,7 +108,9 @@ void UserControl1::Clear() {
     changed();
 }
 
-int32_t UserControl1::ForeColor(int row) const { return RowExists(row) ? Rows[row].ForeColor : 0; }
+int32_t UserControl1::ForeColor(int row) const {
+    return RowExists(row) ? Rows[row].ForeColor : 0;
+}
 
 void UserControl1::setForeColor(int row, int32_t colour) {
     if (!RowExists(row)) return;
@@ -223,8 +227,10 @@ void UserControl1::SetScrolls() {
     step(HScroll1.LargeChange, 4 * m);
     step(HScroll1.SmallChange, m);
     // A value left beyond a narrowed range comes back into it.
-    VScroll1.Value = std::clamp(VScroll1.Value, std::min(VScroll1.Min, VScroll1.Max), std::max(VScroll1.Min, VScroll1.Max));
-    HScroll1.Value = std::clamp(HScroll1.Value, std::min(HScroll1.Min, HScroll1.Max), std::max(HScroll1.Min, HScroll1.Max));
+    VScroll1.Value = std::clamp(VScroll1.Value, std::min(VScroll1.Min, VScroll1.Max),
+                                std::max(VScroll1.Min, VScroll1.Max));
+    HScroll1.Value = std::clamp(HScroll1.Value, std::min(HScroll1.Min, HScroll1.Max),
+                                std::max(HScroll1.Min, HScroll1.Max));
     setVScrollVal(VScroll1.Min);
     setHScrollVal(HScroll1.Min);
     changed();
@@ -232,11 +238,15 @@ void UserControl1::SetScrolls() {
 
 void UserControl1::MouseWheel(int turn) {
     if (VScrollEnabled()) {
-        if (turn < 0) setVScrollVal(std::min(VScrollVal() + VScrollLargeChange(), VScrollMax()));
-        else if (turn > 0) setVScrollVal(std::max(VScrollVal() - VScrollLargeChange(), VScrollMin()));
+        if (turn < 0)
+            setVScrollVal(std::min(VScrollVal() + VScrollLargeChange(), VScrollMax()));
+        else if (turn > 0)
+            setVScrollVal(std::max(VScrollVal() - VScrollLargeChange(), VScrollMin()));
     } else {
-        if (turn < 0) setHScrollVal(std::min(HScrollVal() + HScrollLargeChange(), HScrollMax()));
-        else if (turn > 0) setHScrollVal(std::max(HScrollVal() - HScrollLargeChange(), HScrollMin()));
+        if (turn < 0)
+            setHScrollVal(std::min(HScrollVal() + HScrollLargeChange(), HScrollMax()));
+        else if (turn > 0)
+            setHScrollVal(std::max(HScrollVal() - HScrollLargeChange(), HScrollMin()));
     }
 }
 
@@ -247,9 +257,13 @@ void UserControl1::ActivatePanelContainer() {
     ShowRSSRefresh(ws);
 }
 
-void UserControl1::Scroll_Drag() { ActivatePanelContainer(); }
+void UserControl1::Scroll_Drag() {
+    ActivatePanelContainer();
+}
 
-void UserControl1::LblHeadline_MouseDown(int) { ActivatePanelContainer(); }
+void UserControl1::LblHeadline_MouseDown(int) {
+    ActivatePanelContainer();
+}
 
 void UserControl1::LblHeadline_MouseMove(int row) {
     if (!RowExists(row)) return;
@@ -309,7 +323,8 @@ void UserControl1::mnuOpenInBrowser_Click() {
 
 void UserControl1::OpenHeadline(int row, bool forceSite) {
     FeedsState& f = Feeds(ws);
-    if (FeedReaderIndex == -1 || !f.HasReader(FeedReaderIndex) || f.Reader(FeedReaderIndex).Count() == 0) return;
+    if (FeedReaderIndex == -1 || !f.HasReader(FeedReaderIndex) || f.Reader(FeedReaderIndex).Count() == 0)
+        return;
     SetRead(row);
     const auto feed = f.Reader(FeedReaderIndex).NewsFeed();
     if (row + 1 < 1 || row + 1 > feed->Count()) return;
@@ -335,7 +350,8 @@ void UserControl1::ShowHeadlineTooltip(const QString& description) {
     // The window is as wide as its longest line, up to 400 pixels: centred under the pointer.
     int widest = 0;
     for (const QString& line : shown.split(QLatin1Char('\n')))
-        widest = std::max(widest, ws.platform.textExtent(line, QStringLiteral("Arial"), kRowFontSize, false).width());
+        widest = std::max(widest,
+                          ws.platform.textExtent(line, QStringLiteral("Arial"), kRowFontSize, false).width());
     const float width = std::min(400, widest + 10) * ws.TwipsPerPixelX();
     ShowFeedTooltip(HeadlineTip(ws), shown, x - width / 2, y + 600);
 }

@@ -51,7 +51,7 @@ struct HeadlineRow {
 };
 
 class UserControl1 {
-public:
+  public:
     UserControl1(Workspace& ws, int index);
 
     Workspace& ws;
@@ -109,7 +109,9 @@ public:
     int FindLongestHeadline() const;
     // The highest row loaded (0 when only member 0 exists).
     int LastRow() const;
-    bool RowExists(int row) const { return row >= 0 && row < static_cast<int>(Rows.size()) && Rows[row].Loaded; }
+    bool RowExists(int row) const {
+        return row >= 0 && row < static_cast<int>(Rows.size()) && Rows[row].Loaded;
+    }
     const QString& RowText(int row) const;
 
     // --- events (rows by number, pointer in twips of the sheet, Shift as the 1/2/4 mask) ---
@@ -139,7 +141,7 @@ public:
         if (onChanged) onChanged();
     }
 
-private:
+  private:
     HeadlineRow& Load(int row);
     void SetLabelText(HeadlineRow& r, const QString& text);
     bool SetScrollValue(PanelScrollBar& bar, int v);

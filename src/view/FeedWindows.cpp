@@ -38,7 +38,8 @@ QVariant FeedBrowser::loadResource(int, const QUrl&) {
 
 // --- Add RSS News Feeds ---
 
-AddRSSDialog::AddRSSDialog(Workspace& ws, FrmAddRSS& form, QWidget* parent) : QDialog(parent), ws_(ws), f_(form) {
+AddRSSDialog::AddRSSDialog(Workspace& ws, FrmAddRSS& form, QWidget* parent)
+    : QDialog(parent), ws_(ws), f_(form) {
     setObjectName(QStringLiteral("frmAddRSS"));
     setWindowTitle(f_.Caption);
     setWindowFlag(Qt::WindowStaysOnTopHint);
@@ -94,15 +95,18 @@ AddRSSDialog::AddRSSDialog(Workspace& ws, FrmAddRSS& form, QWidget* parent) : QD
 void AddRSSDialog::sync() {
     if (txtRSS_->text() != f_.txtRSS) txtRSS_->setText(f_.txtRSS);
     QStringList shown;
-    for (int k = 0; k < lstFeeds_->count(); ++k) shown << lstFeeds_->item(k)->text();
+    for (int k = 0; k < lstFeeds_->count(); ++k)
+        shown << lstFeeds_->item(k)->text();
     if (shown != f_.lstFeeds) {
         lstFeeds_->clear();
         lstFeeds_->addItems(f_.lstFeeds);
     }
     if (lstFeeds_->currentRow() != f_.ListIndex) lstFeeds_->setCurrentRow(f_.ListIndex);
     lblWait_->setVisible(f_.lblWaitVisible);
-    if (f_.MousePointer == 11) setCursor(Qt::WaitCursor);
-    else unsetCursor();
+    if (f_.MousePointer == 11)
+        setCursor(Qt::WaitCursor);
+    else
+        unsetCursor();
 }
 
 void AddRSSDialog::showEvent(QShowEvent* ev) {
@@ -119,7 +123,8 @@ void AddRSSDialog::reject() {
 
 // --- Search RSS ---
 
-RSSSearchDialog::RSSSearchDialog(Workspace& ws, FrmRSSSearch& form, QWidget* parent) : QDialog(parent), ws_(ws), f_(form) {
+RSSSearchDialog::RSSSearchDialog(Workspace& ws, FrmRSSSearch& form, QWidget* parent)
+    : QDialog(parent), ws_(ws), f_(form) {
     setObjectName(QStringLiteral("frmRSSSearch"));
     setWindowFlag(Qt::WindowStaysOnTopHint);
     txtSearch_ = new QLineEdit(this);
@@ -190,7 +195,8 @@ RSSViewWindow::RSSViewWindow(Workspace& ws, float twipsPerPixelX, float twipsPer
     setWindowTitle(QStringLiteral("RSS Viewer"));
     web_ = new FeedBrowser(this);
     connect(web_, &QTextBrowser::anchorClicked, this, [this](const QUrl& url) {
-        if (url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https")) ws_.platform.openUrl(url.toString());
+        if (url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https"))
+            ws_.platform.openUrl(url.toString());
     });
     auto button = [this](const char* name, const QString& text) {
         auto* b = new QPushButton(text, this);
@@ -246,10 +252,12 @@ void RSSViewWindow::sync() {
     }
     if (!shown_) {
         setGeometry(static_cast<int>(std::lround(v.Left / tx_)), static_cast<int>(std::lround(v.Top / ty_)),
-                    static_cast<int>(std::lround(v.Width / tx_)), static_cast<int>(std::lround(v.Height / ty_)));
+                    static_cast<int>(std::lround(v.Width / tx_)),
+                    static_cast<int>(std::lround(v.Height / ty_)));
     }
     QStringList items;
-    for (int k = 0; k < cboFeeds_->count(); ++k) items << cboFeeds_->itemText(k);
+    for (int k = 0; k < cboFeeds_->count(); ++k)
+        items << cboFeeds_->itemText(k);
     if (items != v.cboFeeds) {
         cboFeeds_->clear();
         cboFeeds_->addItems(v.cboFeeds);

@@ -29,7 +29,7 @@ struct FrmRSSSearch;
 // The embedded browser: renders what it is given and loads nothing.
 class FeedBrowser : public QTextBrowser {
     Q_OBJECT
-public:
+  public:
     explicit FeedBrowser(QWidget* parent = nullptr);
     // Every resource is refused: local files, resources and remote images alike.
     QVariant loadResource(int type, const QUrl& name) override;
@@ -39,15 +39,15 @@ public:
 
 class AddRSSDialog : public QDialog {
     Q_OBJECT
-public:
+  public:
     AddRSSDialog(Workspace& ws, FrmAddRSS& form, QWidget* parent = nullptr);
     void sync();
 
-protected:
+  protected:
     void showEvent(QShowEvent* ev) override;
     void reject() override;
 
-private:
+  private:
     Workspace& ws_;
     FrmAddRSS& f_;
     QLineEdit* txtRSS_;
@@ -57,15 +57,15 @@ private:
 
 class RSSSearchDialog : public QDialog {
     Q_OBJECT
-public:
+  public:
     RSSSearchDialog(Workspace& ws, FrmRSSSearch& form, QWidget* parent = nullptr);
     void sync();
 
-protected:
+  protected:
     void resizeEvent(QResizeEvent* ev) override;
     void showEvent(QShowEvent* ev) override;
 
-private:
+  private:
     Workspace& ws_;
     FrmRSSSearch& f_;
     QLineEdit* txtSearch_;
@@ -77,13 +77,13 @@ private:
 
 class RSSViewWindow : public QWidget {
     Q_OBJECT
-public:
+  public:
     RSSViewWindow(Workspace& ws, float twipsPerPixelX, float twipsPerPixelY);
     // Shows the viewer's state: open or closed, its place, the page, the list and the on-top state.
     void sync();
     FeedBrowser* browser() const { return web_; }
 
-protected:
+  protected:
     void resizeEvent(QResizeEvent* ev) override;
     void moveEvent(QMoveEvent* ev) override;
     void closeEvent(QCloseEvent* ev) override;
@@ -91,7 +91,7 @@ protected:
     void changeEvent(QEvent* ev) override;
     bool eventFilter(QObject* watched, QEvent* ev) override;
 
-private:
+  private:
     void place(QWidget* w, float left, float top, float width, float height);
     Workspace& ws_;
     float tx_, ty_;

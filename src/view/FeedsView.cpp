@@ -10,15 +10,15 @@
 #include "view/MenuView.h"
 
 #include <QAction>
-#include <QDateTime>
-#include <QTimer>
 #include <QCursor>
+#include <QDateTime>
 #include <QEvent>
 #include <QFile>
 #include <QIcon>
 #include <QLabel>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QTimer>
 
 namespace pd {
 
@@ -26,18 +26,24 @@ namespace {
 
 int Button(const QMouseEvent& ev) {
     switch (ev.button()) {
-    case Qt::LeftButton: return 1;
-    case Qt::RightButton: return 2;
-    case Qt::MiddleButton: return 4;
-    default: return 0;
+    case Qt::LeftButton:
+        return 1;
+    case Qt::RightButton:
+        return 2;
+    case Qt::MiddleButton:
+        return 4;
+    default:
+        return 0;
     }
 }
 
-QColor FromBgr(int32_t c) { return QColor(c & 0xFF, (c >> 8) & 0xFF, (c >> 16) & 0xFF); }
+QColor FromBgr(int32_t c) {
+    return QColor(c & 0xFF, (c >> 8) & 0xFF, (c >> 16) & 0xFF);
+}
 
 // Keeps a child widget the size of its parent.
 class FillParent : public QObject {
-public:
+  public:
     FillParent(QWidget* child, QWidget* parent) : QObject(child), child_(child) {
         parent->installEventFilter(this);
         child->setGeometry(parent->rect());
@@ -47,7 +53,7 @@ public:
         return false;
     }
 
-private:
+  private:
     QWidget* child_;
 };
 
@@ -137,7 +143,8 @@ void FeedsView::refreshSymbol() {
     const Element& e = ws_.lblRSSRefresh(0);
     // The label's captions are symbol-font letters: "7" the refresh arrow, "," the busy hourglass.
     // Set only what changed: the label repaints with its owner, which calls this again.
-    const QString symbol = e.Caption.get() == QLatin1String(",") ? QString(QChar(0x231B)) : QString(QChar(0x21BB));
+    const QString symbol =
+        e.Caption.get() == QLatin1String(",") ? QString(QChar(0x231B)) : QString(QChar(0x21BB));
     if (refreshSymbol_->text() != symbol) refreshSymbol_->setText(symbol);
     QPalette pal = refreshSymbol_->palette();
     const Element* owner = e.Container();
@@ -161,7 +168,8 @@ void FeedsView::wireWidget(ElementWidget& w) {
     const int i = w.element().Index();
     Workspace& ws = ws_;
     if (name == QLatin1String("LstRSS")) {
-        auto* panel = new HeadlinePanelWidget(Feeds(ws).Panel(i), ws.TwipsPerPixelX(), ws.TwipsPerPixelY(), &w);
+        auto* panel =
+            new HeadlinePanelWidget(Feeds(ws).Panel(i), ws.TwipsPerPixelX(), ws.TwipsPerPixelY(), &w);
         new FillParent(panel, &w);
         panel->onRowMenu = [this](const QPoint& at) {
             if (QMenu* m = menus_.menu(QStringLiteral("mnuRightClick"))) m->popup(at);
@@ -172,10 +180,11 @@ void FeedsView::wireWidget(ElementWidget& w) {
         refreshSymbol();
         // The symbol follows the caption and the owner's colours.
         class Watch : public QObject {
-        public:
+          public:
             explicit Watch(FeedsView* v) : v_(v) {}
             bool eventFilter(QObject*, QEvent* ev) override {
-                if (ev->type() == QEvent::Paint || ev->type() == QEvent::ParentChange || ev->type() == QEvent::Resize)
+                if (ev->type() == QEvent::Paint || ev->type() == QEvent::ParentChange ||
+                    ev->type() == QEvent::Resize)
                     v_->refreshSymbol();
                 return false;
             }
@@ -202,7 +211,8 @@ void FeedsView::wireWidget(ElementWidget& w) {
     } else if (name == QLatin1String("lblName")) {
         auto previous = w.onMove;
         w.onMove = [&ws, i, previous](ElementWidget& self, QMouseEvent& ev) {
-            if (i >= 0 && i < static_cast<int>(ws.Containers.size()) && ws.Containers[i].IsFeed) FeedTitle_MouseMove(ws, i);
+            if (i >= 0 && i < static_cast<int>(ws.Containers.size()) && ws.Containers[i].IsFeed)
+                FeedTitle_MouseMove(ws, i);
             if (previous) previous(self, ev);
         };
     }

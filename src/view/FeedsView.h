@@ -6,8 +6,8 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QPointer>
-#include <QTimer>
 #include <QString>
+#include <QTimer>
 
 #include <functional>
 #include <memory>
@@ -24,7 +24,7 @@ class MenuView;
 class RSSViewWindow;
 
 class FeedsView {
-public:
+  public:
     FeedsView(Workspace& ws, ElementView& view, MenuView& menus, QWidget* mainWindow,
               std::function<void(const QString&, QWidget*)> registerWindow = {});
     ~FeedsView();
@@ -32,7 +32,7 @@ public:
     void wireWidget(ElementWidget& w);
     RSSViewWindow& viewer() { return *viewer_; }
 
-private:
+  private:
     void overlay(int i);
     void refreshSymbol();
     void note(const QString& what);

@@ -15,19 +15,26 @@ namespace pd {
 
 namespace {
 
-QColor FromBgr(int32_t c) { return QColor(c & 0xFF, (c >> 8) & 0xFF, (c >> 16) & 0xFF); }
+QColor FromBgr(int32_t c) {
+    return QColor(c & 0xFF, (c >> 8) & 0xFF, (c >> 16) & 0xFF);
+}
 
 int Shift(const QInputEvent& ev) {
     const Qt::KeyboardModifiers m = ev.modifiers();
-    return (m & Qt::ShiftModifier ? 1 : 0) | (m & Qt::ControlModifier ? 2 : 0) | (m & Qt::AltModifier ? 4 : 0);
+    return (m & Qt::ShiftModifier ? 1 : 0) | (m & Qt::ControlModifier ? 2 : 0) |
+           (m & Qt::AltModifier ? 4 : 0);
 }
 
 int Button(const QMouseEvent& ev) {
     switch (ev.button()) {
-    case Qt::LeftButton: return 1;
-    case Qt::RightButton: return 2;
-    case Qt::MiddleButton: return 4;
-    default: return 0;
+    case Qt::LeftButton:
+        return 1;
+    case Qt::RightButton:
+        return 2;
+    case Qt::MiddleButton:
+        return 4;
+    default:
+        return 0;
     }
 }
 
@@ -35,13 +42,13 @@ int Button(const QMouseEvent& ev) {
 
 // PicFeed: the moving sheet; draws the bullets, the rules and the hover underline under the labels.
 class HeadlinePanelWidget::Sheet : public QWidget {
-public:
+  public:
     Sheet(HeadlinePanelWidget& owner, QWidget* parent) : QWidget(parent), o_(owner) {
         setObjectName(QStringLiteral("PicFeed"));
         setMouseTracking(true);
     }
 
-protected:
+  protected:
     void paintEvent(QPaintEvent*) override {
         QPainter p(this);
         const UserControl1& u = o_.p_;
@@ -64,12 +71,14 @@ protected:
         }
     }
 
-private:
+  private:
     HeadlinePanelWidget& o_;
 };
 
-HeadlinePanelWidget::HeadlinePanelWidget(UserControl1& panel, float twipsPerPixelX, float twipsPerPixelY, QWidget* parent)
-    : QWidget(parent), p_(panel), tx_(twipsPerPixelX > 0 ? twipsPerPixelX : 15), ty_(twipsPerPixelY > 0 ? twipsPerPixelY : 15) {
+HeadlinePanelWidget::HeadlinePanelWidget(UserControl1& panel, float twipsPerPixelX, float twipsPerPixelY,
+                                         QWidget* parent)
+    : QWidget(parent), p_(panel), tx_(twipsPerPixelX > 0 ? twipsPerPixelX : 15),
+      ty_(twipsPerPixelY > 0 ? twipsPerPixelY : 15) {
     setObjectName(QStringLiteral("UserControl1"));
     back_ = new QWidget(this);
     back_->setObjectName(QStringLiteral("picBack"));
@@ -93,10 +102,16 @@ HeadlinePanelWidget::HeadlinePanelWidget(UserControl1& panel, float twipsPerPixe
     sync();
 }
 
-HeadlinePanelWidget::~HeadlinePanelWidget() { p_.onChanged = nullptr; }
+HeadlinePanelWidget::~HeadlinePanelWidget() {
+    p_.onChanged = nullptr;
+}
 
-int HeadlinePanelWidget::px(float twips) const { return static_cast<int>(std::lround(twips / tx_)); }
-int HeadlinePanelWidget::py(float twips) const { return static_cast<int>(std::lround(twips / ty_)); }
+int HeadlinePanelWidget::px(float twips) const {
+    return static_cast<int>(std::lround(twips / tx_));
+}
+int HeadlinePanelWidget::py(float twips) const {
+    return static_cast<int>(std::lround(twips / ty_));
+}
 
 void HeadlinePanelWidget::scheduleSync() {
     if (pending_) return;
@@ -110,8 +125,10 @@ void HeadlinePanelWidget::sync() {
     pending_ = false;
     syncing_ = true;
     const UserControl1& u = p_;
-    back_->setGeometry(px(u.picBack.Left), py(u.picBack.Top), std::max(0, px(u.picBack.Width)), std::max(0, py(u.picBack.Height)));
-    sheet_->setGeometry(px(u.PicFeed.Left), py(u.PicFeed.Top), std::max(0, px(u.PicFeed.Width)), std::max(0, py(u.PicFeed.Height)));
+    back_->setGeometry(px(u.picBack.Left), py(u.picBack.Top), std::max(0, px(u.picBack.Width)),
+                       std::max(0, py(u.picBack.Height)));
+    sheet_->setGeometry(px(u.PicFeed.Left), py(u.PicFeed.Top), std::max(0, px(u.PicFeed.Width)),
+                        std::max(0, py(u.PicFeed.Height)));
     sheet_->setCursor(u.PicFeedPointer == 99 ? Qt::PointingHandCursor : Qt::ArrowCursor);
     QPalette pal = back_->palette();
     pal.setColor(QPalette::Window, FromBgr(u.FeedBackColorValue));
@@ -151,7 +168,8 @@ void HeadlinePanelWidget::sync() {
         QFont f(row.FontName);
         f.setPointSizeF(8);
         label->setFont(f);
-        label->setGeometry(px(row.Left), py(row.Top), std::max(1, px(row.Width)), std::max(1, py(row.Height)));
+        label->setGeometry(px(row.Left), py(row.Top), std::max(1, px(row.Width)),
+                           std::max(1, py(row.Height)));
         label->setVisible(row.Loaded && row.Visible);
     }
     sheet_->update();
@@ -173,9 +191,15 @@ bool HeadlinePanelWidget::eventFilter(QObject* watched, QEvent* ev) {
     if (row.isValid()) {
         const int r = row.toInt();
         switch (ev->type()) {
-        case QEvent::MouseButtonPress: p_.LblHeadline_MouseDown(r); return true;
-        case QEvent::MouseMove: p_.LblHeadline_MouseMove(r); return false;
-        case QEvent::Leave: p_.LblHeadline_MouseLeave(); return false;
+        case QEvent::MouseButtonPress:
+            p_.LblHeadline_MouseDown(r);
+            return true;
+        case QEvent::MouseMove:
+            p_.LblHeadline_MouseMove(r);
+            return false;
+        case QEvent::Leave:
+            p_.LblHeadline_MouseLeave();
+            return false;
         case QEvent::MouseButtonRelease: {
             auto* me = static_cast<QMouseEvent*>(ev);
             const int button = Button(*me);
@@ -183,15 +207,23 @@ bool HeadlinePanelWidget::eventFilter(QObject* watched, QEvent* ev) {
             if (button != 1 && onRowMenu) onRowMenu(me->globalPosition().toPoint());
             return true;
         }
-        default: return false;
+        default:
+            return false;
         }
     }
     if (watched == back_ || watched == sheet_) {
         switch (ev->type()) {
-        case QEvent::MouseMove: p_.Back_MouseMove(); return false;
-        case QEvent::MouseButtonPress: p_.Back_MouseDown(Button(*static_cast<QMouseEvent*>(ev))); return false;
-        case QEvent::MouseButtonDblClick: p_.Back_DblClick(); return true;
-        default: return false;
+        case QEvent::MouseMove:
+            p_.Back_MouseMove();
+            return false;
+        case QEvent::MouseButtonPress:
+            p_.Back_MouseDown(Button(*static_cast<QMouseEvent*>(ev)));
+            return false;
+        case QEvent::MouseButtonDblClick:
+            p_.Back_DblClick();
+            return true;
+        default:
+            return false;
         }
     }
     return false;

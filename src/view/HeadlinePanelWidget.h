@@ -18,7 +18,7 @@ class RichLabel;
 
 class HeadlinePanelWidget : public QWidget {
     Q_OBJECT
-public:
+  public:
     HeadlinePanelWidget(UserControl1& panel, float twipsPerPixelX, float twipsPerPixelY, QWidget* parent);
     ~HeadlinePanelWidget() override;
     // Takes the panel's state now (changes are otherwise taken once the events in hand have run).
@@ -27,12 +27,12 @@ public:
     // A right release on a row: the popup goes to the pointer.
     std::function<void(const QPoint& global)> onRowMenu;
 
-protected:
+  protected:
     bool eventFilter(QObject* watched, QEvent* ev) override;
     void wheelEvent(QWheelEvent* ev) override;
     void resizeEvent(QResizeEvent* ev) override;
 
-private:
+  private:
     class Sheet;
     int px(float twips) const;
     int py(float twips) const;

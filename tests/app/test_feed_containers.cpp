@@ -20,7 +20,9 @@
 using namespace pd;
 using namespace pd::test;
 
-void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+void PrintTo(const QString& s, std::ostream* os) {
+    *os << '"' << s.toStdString() << '"';
+}
 
 namespace {
 
@@ -33,8 +35,9 @@ QByteArray RssOf(const QString& channel, const std::vector<Item>& items) {
                   QStringLiteral("</title><link>http://site/</link><description>d</description>");
     for (const Item& it : items)
         xml += QStringLiteral("<item><title>") + it.title + QStringLiteral("</title><link>") +
-               (it.link.isEmpty() ? QStringLiteral("http://site/a") : it.link) + QStringLiteral("</link><description>") +
-               it.description + QStringLiteral("</description></item>");
+               (it.link.isEmpty() ? QStringLiteral("http://site/a") : it.link) +
+               QStringLiteral("</link><description>") + it.description +
+               QStringLiteral("</description></item>");
     return (xml + QStringLiteral("</channel></rss>")).toUtf8();
 }
 
@@ -46,12 +49,14 @@ QByteArray Numbered(const QString& channel, int n) {
     return RssOf(channel, items);
 }
 
-HttpReply Ok(const QByteArray& body) { return {200, body, "application/rss+xml"}; }
+HttpReply Ok(const QByteArray& body) {
+    return {200, body, "application/rss+xml"};
+}
 
 const char* const kRed = "Error opening RSS news feed";
 
 class FeedContainers : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override {
         t.start();
         WireCoreCommands(ws());
@@ -223,11 +228,14 @@ TEST_F(FeedContainers, RefreshWhileOfflineClearsToTheFourRedLinesAndKeepsLastUpd
     RefreshRSS(ws(), n, i);
     // Offline nothing is fetched: the panel went through empty to the red lines at once.
     EXPECT_TRUE(p().pendingHttp.empty());
-    EXPECT_EQ(Rows(i), (QStringList{QString::fromLatin1(kRed),
-                                    QStringLiteral("Check your internet connection and/or the Proxy Server address"),
-                                    QStringLiteral("Click the Refresh button to try again"),
-                                    QStringLiteral("* Make sure you have MSXML6 installed-See the readme.txt file for more")}));
-    for (int r = 0; r < 4; ++r) EXPECT_EQ(PanelOf(i).Rows[r].ForeColor, 255);
+    EXPECT_EQ(Rows(i),
+              (QStringList{
+                  QString::fromLatin1(kRed),
+                  QStringLiteral("Check your internet connection and/or the Proxy Server address"),
+                  QStringLiteral("Click the Refresh button to try again"),
+                  QStringLiteral("* Make sure you have MSXML6 installed-See the readme.txt file for more")}));
+    for (int r = 0; r < 4; ++r)
+        EXPECT_EQ(PanelOf(i).Rows[r].ForeColor, 255);
     EXPECT_EQ(f().Reader(n).LastUpdate, before);
     EXPECT_EQ(ws().lblRSSLastUpdate(n).Caption.get(), before);
     EXPECT_EQ(FormatUpdateAge(ws(), f().Reader(n).LastUpdate), QStringLiteral("Last Update 5 minutes ago"));
@@ -282,7 +290,8 @@ TEST_F(FeedContainers, NoFaviconGivesTheProgramsFeedIconAndAChosenIconStays) {
     EXPECT_EQ(ws().Containers[a].IconPath, QDir(ws().ProgramDirectory).filePath(QStringLiteral("rss.ico")));
     // The favicon was asked for at the host of the feed.
     bool asked = false;
-    for (const HttpRequest& r : p().httpRequests) asked |= r.url == QLatin1String("http://one.test/favicon.ico");
+    for (const HttpRequest& r : p().httpRequests)
+        asked |= r.url == QLatin1String("http://one.test/favicon.ico");
     EXPECT_TRUE(asked);
 }
 
@@ -303,7 +312,8 @@ TEST_F(FeedContainers, RefreshAllFetchesTogetherAndShowsInContainerOrderWithProg
     EXPECT_FALSE(ws().frmMain(0).Enabled.get());
     EXPECT_FALSE(ws().picBack(0).Enabled.get());
     EXPECT_EQ(ws().picBack(0).MousePointer.get(), 11);
-    for (int i : {a, b, c}) EXPECT_TRUE(Rows(i).isEmpty());
+    for (int i : {a, b, c})
+        EXPECT_TRUE(Rows(i).isEmpty());
     EXPECT_EQ(ws().lblCaption(0).Caption.get(), QStringLiteral("Feed a [1/3]"));
     EXPECT_TRUE(ws().lblName(a).FontBold.get());
     // The third answers first: it waits until the first two have been shown.
@@ -321,7 +331,8 @@ TEST_F(FeedContainers, RefreshAllFetchesTogetherAndShowsInContainerOrderWithProg
     EXPECT_TRUE(Rows(c).isEmpty());
     EXPECT_FALSE(done);
     // Favicon requests made while showing run too.
-    while (!p().pendingHttp.empty()) p().runPendingHttp();
+    while (!p().pendingHttp.empty())
+        p().runPendingHttp();
     EXPECT_TRUE(done);
     EXPECT_EQ(Rows(b).size(), 3);
     EXPECT_EQ(Rows(c).size(), 3);
@@ -340,7 +351,8 @@ TEST_F(FeedContainers, RefreshAllPassesOverHiddenContainersAndGoesOnAfterAFailur
     p().httpRequests.clear();
     mnuRSSRefreshAll_Click(ws());
     int feedRequests = 0;
-    for (const HttpRequest& r : p().httpRequests) feedRequests += r.url.endsWith(QLatin1String("/f"));
+    for (const HttpRequest& r : p().httpRequests)
+        feedRequests += r.url.endsWith(QLatin1String("/f"));
     EXPECT_EQ(feedRequests, 2);
     EXPECT_EQ(Rows(bad).first(), QString::fromLatin1(kRed));
     EXPECT_EQ(Rows(c).size(), 2);
@@ -461,19 +473,23 @@ TEST_F(FeedContainers, TheFeedMenusAreDeclaredWithTheirCaptions) {
 }
 
 TEST_F(FeedContainers, RdfAndAtomFeedsFillTheirPanelsAndAreSearched) {
-    p().httpReplies[QStringLiteral("http://feeds.test/rdf")] = Ok(
-        "<?xml version=\"1.0\"?><rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\" "
-        "xmlns=\"http://purl.org/rss/1.0/\"><channel rdf:about=\"http://h/\"><title>RDF channel</title>"
-        "<link>http://h/</link><description>rdf</description></channel>"
-        "<item rdf:about=\"http://h/1\"><title>RDF story 1</title><link>http://h/1</link><description>t1</description></item>"
-        "<item rdf:about=\"http://h/2\"><title>RDF story 2</title><link>http://h/2</link><description>t2</description></item>"
-        "</rdf:RDF>");
-    p().httpReplies[QStringLiteral("http://feeds.test/atom")] = Ok(
-        "<?xml version=\"1.0\"?><feed xmlns=\"http://www.w3.org/2005/Atom\"><title>Atom channel</title>"
-        "<subtitle>atom</subtitle><link href=\"http://h/\"/>"
-        "<entry><title>Atom story 1</title><link rel=\"alternate\" href=\"http://h/a1\"/><summary>s1</summary></entry>"
-        "<entry><title>Atom story 2</title><link rel=\"alternate\" href=\"http://h/a2\"/><summary>s2</summary></entry>"
-        "</feed>");
+    p().httpReplies[QStringLiteral("http://feeds.test/rdf")] =
+        Ok("<?xml version=\"1.0\"?><rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\" "
+           "xmlns=\"http://purl.org/rss/1.0/\"><channel rdf:about=\"http://h/\"><title>RDF channel</title>"
+           "<link>http://h/</link><description>rdf</description></channel>"
+           "<item rdf:about=\"http://h/1\"><title>RDF story "
+           "1</title><link>http://h/1</link><description>t1</description></item>"
+           "<item rdf:about=\"http://h/2\"><title>RDF story "
+           "2</title><link>http://h/2</link><description>t2</description></item>"
+           "</rdf:RDF>");
+    p().httpReplies[QStringLiteral("http://feeds.test/atom")] =
+        Ok("<?xml version=\"1.0\"?><feed xmlns=\"http://www.w3.org/2005/Atom\"><title>Atom channel</title>"
+           "<subtitle>atom</subtitle><link href=\"http://h/\"/>"
+           "<entry><title>Atom story 1</title><link rel=\"alternate\" "
+           "href=\"http://h/a1\"/><summary>s1</summary></entry>"
+           "<entry><title>Atom story 2</title><link rel=\"alternate\" "
+           "href=\"http://h/a2\"/><summary>s2</summary></entry>"
+           "</feed>");
     const int r = Add(QStringLiteral("http://feeds.test/rdf"));
     const int a = Add(QStringLiteral("http://feeds.test/atom"));
     EXPECT_EQ(Rows(r), (QStringList{QStringLiteral("RDF story 1"), QStringLiteral("RDF story 2")}));

@@ -14,17 +14,23 @@
 using namespace pd;
 using namespace pd::test;
 
-void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+void PrintTo(const QString& s, std::ostream* os) {
+    *os << '"' << s.toStdString() << '"';
+}
 
 namespace {
 
-HttpReply Ok(const QString& xml) { return {200, xml.toUtf8(), "application/rss+xml"}; }
+HttpReply Ok(const QString& xml) {
+    return {200, xml.toUtf8(), "application/rss+xml"};
+}
 
 QString Rss(const std::vector<std::pair<QString, QString>>& items) {
-    QString xml = QStringLiteral("<rss><channel><title>P</title><link>http://site/</link><description>d</description>");
+    QString xml =
+        QStringLiteral("<rss><channel><title>P</title><link>http://site/</link><description>d</description>");
     int k = 0;
     for (const auto& [title, desc] : items)
-        xml += QStringLiteral("<item><title>%1</title><link>http://site/%2</link><description>%3</description></item>")
+        xml += QStringLiteral(
+                   "<item><title>%1</title><link>http://site/%2</link><description>%3</description></item>")
                    .arg(title)
                    .arg(++k)
                    .arg(desc);
@@ -32,7 +38,7 @@ QString Rss(const std::vector<std::pair<QString, QString>>& items) {
 }
 
 class Panel : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override {
         t.start();
         WireCoreCommands(ws());
@@ -165,7 +171,8 @@ TEST_F(Panel, NoUnderlineWhileARefreshRuns) {
 
 TEST_F(Panel, SetScrollsAfterAddingRowsReturnsToTheTop) {
     std::vector<std::pair<QString, QString>> items;
-    for (int k = 0; k < 30; ++k) items.emplace_back(QStringLiteral("row %1").arg(k), QStringLiteral("d"));
+    for (int k = 0; k < 30; ++k)
+        items.emplace_back(QStringLiteral("row %1").arg(k), QStringLiteral("d"));
     const int i = Add(Rss(items));
     UserControl1& panel = PanelOf(i);
     ASSERT_TRUE(panel.VScrollEnabled());
@@ -219,7 +226,8 @@ TEST_F(Panel, TheWheelMovesTheHorizontalBarWhenTheVerticalIsOff) {
 
 TEST_F(Panel, AClickOpensTheViewerAndGreysTheRowButRowThirtyNever) {
     std::vector<std::pair<QString, QString>> items;
-    for (int k = 0; k < 35; ++k) items.emplace_back(QStringLiteral("row %1").arg(k), QStringLiteral("d%1").arg(k));
+    for (int k = 0; k < 35; ++k)
+        items.emplace_back(QStringLiteral("row %1").arg(k), QStringLiteral("d%1").arg(k));
     const int i = Add(Rss(items));
     UserControl1& panel = PanelOf(i);
     panel.LblHeadline_MouseDown(2);

@@ -14,18 +14,24 @@
 using namespace pd;
 using namespace pd::test;
 
-void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+void PrintTo(const QString& s, std::ostream* os) {
+    *os << '"' << s.toStdString() << '"';
+}
 
 namespace {
 
-HttpReply Ok(const QString& xml) { return {200, xml.toUtf8(), "application/rss+xml"}; }
+HttpReply Ok(const QString& xml) {
+    return {200, xml.toUtf8(), "application/rss+xml"};
+}
 
 QString Rss(const QString& channel, const std::vector<std::pair<QString, QString>>& items) {
-    QString xml = QStringLiteral("<rss><channel><title>%1</title><link>http://site/</link><description>d</description>")
-                      .arg(channel);
+    QString xml =
+        QStringLiteral("<rss><channel><title>%1</title><link>http://site/</link><description>d</description>")
+            .arg(channel);
     int k = 0;
     for (const auto& [title, desc] : items)
-        xml += QStringLiteral("<item><title>%1</title><link>http://site/%2</link><description>%3</description></item>")
+        xml += QStringLiteral(
+                   "<item><title>%1</title><link>http://site/%2</link><description>%3</description></item>")
                    .arg(title)
                    .arg(++k)
                    .arg(desc);
@@ -34,12 +40,13 @@ QString Rss(const QString& channel, const std::vector<std::pair<QString, QString
 
 QString Numbered(const QString& channel, int n) {
     std::vector<std::pair<QString, QString>> items;
-    for (int k = 1; k <= n; ++k) items.emplace_back(QStringLiteral("Title %1").arg(k), QStringLiteral("Text %1").arg(k));
+    for (int k = 1; k <= n; ++k)
+        items.emplace_back(QStringLiteral("Title %1").arg(k), QStringLiteral("Text %1").arg(k));
     return Rss(channel, items);
 }
 
 class Viewer : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override {
         t.start();
         WireCoreCommands(ws());
@@ -57,7 +64,10 @@ protected:
 };
 
 QString Header(int item, int count, const QString& title) {
-    return QStringLiteral("<b><font size='5' color='#C0C0C0'>%1/%2 %3</font></b><hr><br>").arg(item).arg(count).arg(title);
+    return QStringLiteral("<b><font size='5' color='#C0C0C0'>%1/%2 %3</font></b><hr><br>")
+        .arg(item)
+        .arg(count)
+        .arg(title);
 }
 
 } // namespace
@@ -80,7 +90,8 @@ TEST_F(Viewer, BackOnTheFirstOfTwentyShowsTheLastAndNextOnTheLastTheFirst) {
 TEST_F(Viewer, NavigationReachesRecordsBeyondTheThirtyOneRows) {
     Add(QStringLiteral("http://feeds.test/40"), Numbered("Forty", 40));
     mnuRSSViewer_Click(ws());
-    for (int k = 0; k < 35; ++k) RSSView_cmdNext(ws());
+    for (int k = 0; k < 35; ++k)
+        RSSView_cmdNext(ws());
     EXPECT_EQ(v().CurrentItem, 36);
     EXPECT_TRUE(v().Document.startsWith(Header(36, 40, "Title 36")));
 }
@@ -88,7 +99,8 @@ TEST_F(Viewer, NavigationReachesRecordsBeyondTheThirtyOneRows) {
 TEST_F(Viewer, AnEmptyDescriptionShowsTheHeaderAndNoDescription) {
     Add(QStringLiteral("http://feeds.test/e"), Rss("E", {{"Empty", ""}, {"Full", "&lt;p&gt;x&lt;/p&gt;"}}));
     mnuRSSViewer_Click(ws());
-    EXPECT_EQ(v().Document, Header(1, 2, "Empty") + QStringLiteral("<html><head><b>No Description</b></head></html>"));
+    EXPECT_EQ(v().Document,
+              Header(1, 2, "Empty") + QStringLiteral("<html><head><b>No Description</b></head></html>"));
     RSSView_cmdNext(ws());
     EXPECT_EQ(v().Document, Header(2, 2, "Full") + QStringLiteral("<p>x</p>"));
 }
@@ -99,7 +111,8 @@ TEST_F(Viewer, AFailedRefreshLeavesThePageBlankAndThePanelFailed) {
     p().httpReplies.clear();
     RSSView_cmdRefresh(ws());
     EXPECT_TRUE(v().Document.isEmpty());
-    EXPECT_EQ(Feeds(ws()).Panel(ws().Containers[i].FeedIndex).Rows[0].Text, QStringLiteral("Error opening RSS news feed"));
+    EXPECT_EQ(Feeds(ws()).Panel(ws().Containers[i].FeedIndex).Rows[0].Text,
+              QStringLiteral("Error opening RSS news feed"));
     EXPECT_EQ(v().CurrentItem, 1);
 }
 
@@ -218,7 +231,9 @@ TEST_F(Search, NoFeedFetchedLeavesTheResultsEmpty) {
 
 TEST_F(Search, ATermInHeadlineAndDescriptionCountsOnceAndTheLastRecordIsNotSearched) {
     Add(QStringLiteral("http://feeds.test/a"),
-        Rss("Alpha", {{"Solar &lt;b&gt;news&lt;/b&gt;", "solar panels"}, {"Wind", "no solar here"}, {"Solar last", "solar"}}));
+        Rss("Alpha", {{"Solar &lt;b&gt;news&lt;/b&gt;", "solar panels"},
+                      {"Wind", "no solar here"},
+                      {"Solar last", "solar"}}));
     FrmRSSSearch s;
     s.chkHeadline = true;
     s.chkFull = true;

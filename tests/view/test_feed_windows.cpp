@@ -19,10 +19,10 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollBar>
-#include <QMouseEvent>
 
 #include <gtest/gtest.h>
 
@@ -34,9 +34,11 @@ namespace {
 // A press and release of the left button in the middle of a widget.
 void Click(QWidget* w) {
     const QPointF at(w->width() / 2.0, w->height() / 2.0);
-    QMouseEvent press(QEvent::MouseButtonPress, at, w->mapToGlobal(at), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QMouseEvent press(QEvent::MouseButtonPress, at, w->mapToGlobal(at), Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
     QApplication::sendEvent(w, &press);
-    QMouseEvent release(QEvent::MouseButtonRelease, at, w->mapToGlobal(at), Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+    QMouseEvent release(QEvent::MouseButtonRelease, at, w->mapToGlobal(at), Qt::LeftButton, Qt::NoButton,
+                        Qt::NoModifier);
     QApplication::sendEvent(w, &release);
 }
 
@@ -47,16 +49,18 @@ void Move(QWidget* w) {
 }
 
 QString Rss(int n, const QString& description = QStringLiteral("Body")) {
-    QString xml = QStringLiteral("<rss><channel><title>Chan</title><link>http://site/</link><description>d</description>");
+    QString xml = QStringLiteral(
+        "<rss><channel><title>Chan</title><link>http://site/</link><description>d</description>");
     for (int k = 1; k <= n; ++k)
-        xml += QStringLiteral("<item><title>Title %1</title><link>http://site/%1</link><description>%2</description></item>")
+        xml += QStringLiteral("<item><title>Title "
+                              "%1</title><link>http://site/%1</link><description>%2</description></item>")
                    .arg(k)
                    .arg(description);
     return xml + QStringLiteral("</channel></rss>");
 }
 
 class FeedWindows : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override {
         t.start();
         WireCoreCommands(ws());
@@ -106,7 +110,8 @@ TEST_F(FeedWindows, ThePanelShowsItsRowsAndBars) {
     EXPECT_EQ(p.VScrollVal(), 300);
     EXPECT_EQ(p.PicFeed.Top, -200.0f);
     QCoreApplication::processEvents();
-    EXPECT_EQ(w.findChild<QWidget*>(QStringLiteral("PicFeed"))->y(), static_cast<int>(std::lround(-200 / 15.0)));
+    EXPECT_EQ(w.findChild<QWidget*>(QStringLiteral("PicFeed"))->y(),
+              static_cast<int>(std::lround(-200 / 15.0)));
     // A click on a row opens the viewer on its item.
     Move(row3);
     Click(row3);
@@ -120,7 +125,8 @@ TEST_F(FeedWindows, TheAddDialogHasItsControlsAndAddsThroughTheCore) {
     FrmAddRSS form;
     AddRSSDialog d(ws(), form);
     EXPECT_EQ(d.windowTitle(), QStringLiteral("Add RSS News Feeds"));
-    for (const char* name : {"cmdAdd", "cmdRemove", "OKButton", "CancelButton"}) EXPECT_NE(d.findChild<QPushButton*>(name), nullptr) << name;
+    for (const char* name : {"cmdAdd", "cmdRemove", "OKButton", "CancelButton"})
+        EXPECT_NE(d.findChild<QPushButton*>(name), nullptr) << name;
     EXPECT_EQ(d.findChild<QPushButton*>("cmdAdd")->text(), QStringLiteral("&Add"));
     EXPECT_EQ(d.findChild<QPushButton*>("cmdRemove")->text(), QStringLiteral("&Remove"));
     EXPECT_EQ(d.findChild<QPushButton*>("OKButton")->text(), QStringLiteral("&Process"));
@@ -134,7 +140,8 @@ TEST_F(FeedWindows, TheAddDialogHasItsControlsAndAddsThroughTheCore) {
     d.findChild<QPushButton*>("cmdAdd")->click();
     EXPECT_EQ(d.findChild<QListWidget*>("lstFeeds")->count(), 1);
     EXPECT_EQ(d.findChild<QListWidget*>("lstFeeds")->item(0)->text(), QStringLiteral("http://feeds.test/a"));
-    t.platform.httpReplies[QStringLiteral("http://feeds.test/a")] = {200, Rss(3).toUtf8(), "application/rss+xml"};
+    t.platform.httpReplies[QStringLiteral("http://feeds.test/a")] = {200, Rss(3).toUtf8(),
+                                                                     "application/rss+xml"};
     d.findChild<QPushButton*>("OKButton")->click();
     EXPECT_TRUE(form.Closed);
     EXPECT_FALSE(d.isVisible());
@@ -161,7 +168,8 @@ TEST_F(FeedWindows, TheSearchWindowSearchesAsTheUserTypes) {
 }
 
 TEST_F(FeedWindows, TheViewerShowsThePageAndStepsWithItsButtons) {
-    Add(20, QStringLiteral("&lt;p&gt;Para &lt;img src='file:///etc/passwd'&gt; &lt;img src='http://evil.test/x.png'&gt;&lt;/p&gt;"));
+    Add(20, QStringLiteral("&lt;p&gt;Para &lt;img src='file:///etc/passwd'&gt; &lt;img "
+                           "src='http://evil.test/x.png'&gt;&lt;/p&gt;"));
     RSSViewWindow window(ws(), 15, 15);
     Feeds(ws()).onViewerChanged = [&window] { window.sync(); };
     mnuRSSViewer_Click(ws());
@@ -172,11 +180,13 @@ TEST_F(FeedWindows, TheViewerShowsThePageAndStepsWithItsButtons) {
     // The images were asked for and refused: no local file, no remote fetch.
     EXPECT_GE(window.browser()->refused, 2);
     EXPECT_TRUE(t.platform.httpRequests.size() >= 1);
-    for (const HttpRequest& r : t.platform.httpRequests) EXPECT_FALSE(r.url.contains(QLatin1String("evil")));
+    for (const HttpRequest& r : t.platform.httpRequests)
+        EXPECT_FALSE(r.url.contains(QLatin1String("evil")));
     EXPECT_EQ(window.findChild<QPushButton*>("cmdOpen")->text(), QStringLiteral("&Open"));
     EXPECT_EQ(window.findChild<QPushButton*>("cmdClose")->text(), QStringLiteral("&Close"));
     EXPECT_EQ(window.findChild<QPushButton*>("cmdRefresh")->toolTip(), QStringLiteral("Refresh News Feed"));
-    EXPECT_EQ(window.findChild<QPushButton*>("cmdOnTop")->toolTip(), QStringLiteral("Keep visible and on top of other windows"));
+    EXPECT_EQ(window.findChild<QPushButton*>("cmdOnTop")->toolTip(),
+              QStringLiteral("Keep visible and on top of other windows"));
     window.findChild<QPushButton*>("cmdBack")->click();
     EXPECT_TRUE(window.browser()->toPlainText().startsWith(QStringLiteral("20/20 Title 20")));
     window.findChild<QPushButton*>("cmdNext")->click();
