@@ -353,6 +353,7 @@ void UserControl1::ShowHeadlineTooltip(const QString& description) {
         widest = std::max(widest,
                           ws.platform.textExtent(line, QStringLiteral("Arial"), kRowFontSize, false).width());
     const float width = std::min(400, widest + 10) * ws.TwipsPerPixelX();
+    HeadlineTip(ws).Alignment = f.TipAlignment;
     ShowFeedTooltip(HeadlineTip(ws), shown, x - width / 2, y + 600);
 }
 

@@ -63,6 +63,7 @@ void FeedTooltipWindow::sync() {
     int widest = 0;
     for (const QString& line : tip_.Text.split(QLatin1Char('\n'))) widest = std::max(widest, fm.horizontalAdvance(line));
     label_->resize(std::min(kMaxWidth, widest + 2 * 3 + 4), label_->height());
+    label_->setAlignment(static_cast<int16_t>(tip_.Alignment));
     label_->setText(tip_.Text);
     resize(label_->size());
     QPoint at(static_cast<int>(std::lround(tip_.Left / tx_)), static_cast<int>(std::lround(tip_.Top / ty_)));

@@ -22,6 +22,8 @@ struct FeedTooltip {
     bool Loaded = false;
     // What lblTip shows, and where the window stands (twips on the screen).
     QString Text;
+    // lblTip's alignment: 0 left, 2 centred (the headline panel centres a short text).
+    int Alignment = 2;
     float Left = 0;
     float Top = 0;
     Timer TimerHide;

@@ -113,6 +113,7 @@ TEST_F(Panel, AnEmptyDescriptionGivesNoDescriptionCentred) {
     ASSERT_TRUE(HeadlineTip(ws()).Loaded);
     EXPECT_EQ(HeadlineTip(ws()).Text, QStringLiteral("No Description"));
     EXPECT_EQ(Feeds(ws()).TipAlignment, 2);
+    EXPECT_EQ(HeadlineTip(ws()).Alignment, 2);
 }
 
 TEST_F(Panel, ADescriptionOf255CharactersIsShownWithThreeDots) {
@@ -125,6 +126,7 @@ TEST_F(Panel, ADescriptionOf255CharactersIsShownWithThreeDots) {
     panel.LblHeadline_MouseMove(0);
     EXPECT_EQ(HeadlineTip(ws()).Text, d255 + QStringLiteral("..."));
     EXPECT_EQ(Feeds(ws()).TipAlignment, 0);
+    EXPECT_EQ(HeadlineTip(ws()).Alignment, 0);
     EXPECT_EQ(HeadlineTip(ws()).Top, 50 * 15.0f + 600);
     panel.LblHeadline_MouseMove(1);
     EXPECT_EQ(HeadlineTip(ws()).Text, d254);
