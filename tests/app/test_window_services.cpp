@@ -57,9 +57,19 @@ TEST_F(WindowServices, CtrlKeysRunTheirCommands) {
 }
 
 TEST_F(WindowServices, AKeyWhoseCommandIsNotMadeYetDoesNothing) {
-    ASSERT_FALSE(ws().menus.has(QStringLiteral("mnuRSSViewer")));
-    EXPECT_FALSE(Form_KeyDown(ws(), 123, 0));
-    EXPECT_FALSE(ws().menus.has(QStringLiteral("mnuRSSViewer")));
+    // F1 shows the tips, which no subsystem makes yet.
+    ASSERT_FALSE(ws().menus.has(QStringLiteral("mnuTips")));
+    EXPECT_FALSE(Form_KeyDown(ws(), 112, 0));
+    EXPECT_FALSE(ws().menus.has(QStringLiteral("mnuTips")));
+}
+
+TEST_F(WindowServices, F11AndF12ReachTheFeedCommands) {
+    int& refresh = Count("mnuRSSRefreshAll");
+    int& viewer = Count("mnuRSSViewer");
+    EXPECT_TRUE(Form_KeyDown(ws(), 122, 0));
+    EXPECT_TRUE(Form_KeyDown(ws(), 123, 0));
+    EXPECT_EQ(refresh, 1);
+    EXPECT_EQ(viewer, 1);
 }
 
 TEST_F(WindowServices, EscDocksNowAndF9TogglesTranslucency) {
