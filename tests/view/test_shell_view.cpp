@@ -37,10 +37,6 @@ using namespace pd::test;
 
 namespace {
 
-void PrintTo(const QString& s, std::ostream* os) {
-    *os << '"' << s.toStdString() << '"';
-}
-
 struct ShellView : ::testing::Test {
     TestWorkspace t;
     Workspace& ws = *t.ws;
