@@ -389,16 +389,18 @@ def encode_jpeg(width, height, rgb, quality=90):
 
 
 class Canvas:
-    def __init__(self, size, ss=4):
+    def __init__(self, size, ss=4, height=None):
+        # `size` is the width; a canvas is square unless a height is given.
         self.size = size
+        self.height = size if height is None else height
         self.ss = ss
-        self.px = [[0.0, 0.0, 0.0, 0.0] for _ in range(size * size)]  # premultiplied, 0..1
+        self.px = [[0.0, 0.0, 0.0, 0.0] for _ in range(size * self.height)]  # premultiplied, 0..1
 
     def fill(self, inside, color, opacity=1.0):
         """Paints colour (r, g, b) 0..255 where the predicate inside(x, y) holds, x and y in pixels."""
         n = self.ss
         r, g, b = (c / 255.0 for c in color)
-        for y in range(self.size):
+        for y in range(self.height):
             for x in range(self.size):
                 hits = 0
                 for sy in range(n):
@@ -416,7 +418,7 @@ class Canvas:
 
     def fill_gradient(self, inside, top, bottom, y0, y1):
         """Like fill, with a vertical gradient from colour `top` at y0 to `bottom` at y1."""
-        for row in range(self.size):
+        for row in range(self.height):
             t = min(1.0, max(0.0, (row + 0.5 - y0) / (y1 - y0)))
             color = tuple(a + (b - a) * t for a, b in zip(top, bottom))
             self.fill(lambda x, y, row=row: int(y) == row and inside(x, y), color)
@@ -447,7 +449,7 @@ class Canvas:
             indices.append(lookup[color])
         if len(palette) > 256:
             raise ValueError("too many colours for a GIF: %d" % len(palette))
-        return encode_gif(self.size, self.size, palette, indices, transparent=0)
+        return encode_gif(self.size, self.height, palette, indices, transparent=0)
 
 
 def circle(cx, cy, r):
@@ -1125,7 +1127,8 @@ for _n, _rows in enumerate(FLOATING_GLYPHS):
 
 
 # ---------------------------------------------------------------------------------------------------
-# The reminder's alarm clock, 32x32, in four colours
+# The reminder's alarm clock, 90x34, in four colours: a wide desk clock whose case carries the
+# reminder's date and time, printed over it in the colour that goes with the case
 # ---------------------------------------------------------------------------------------------------
 
 ALARM_COLORS = {
@@ -1137,37 +1140,29 @@ ALARM_COLORS = {
 
 
 def alarm_clock(color):
-    c = Canvas(32, ss=4)
+    """The program prints the reminder's date (from the first pixel row) and time (from row 17) centred
+    on the icon, so the case spans the whole width and height and the bells peep out at its corners."""
+    w, h = 90, 34
+    c = Canvas(w, ss=4, height=h)
     ink = (0x22, 0x22, 0x2A)
     edge = darker(color, 0.45)
-    shade = darker(color, 0.78)
-    cx, cy = 16.0, 17.5
-    # Legs, behind the body.
-    c.fill(segment_shape(9.5, 25.5, 6.5, 29.5, 1.6), ink)
-    c.fill(segment_shape(22.5, 25.5, 25.5, 29.5, 1.6), ink)
-    # Bells on top, with the hammer's stem between them.
-    c.fill(segment_shape(16, 3.2, 16, 7.5, 1.1), ink)
-    c.fill(circle(16, 3.2, 1.8), ink)
-    for bx in (7.2, 24.8):
-        c.fill(circle(bx, 7.2, 5.6), edge)
-        c.fill(circle(bx, 7.2, 4.5), color)
-        c.fill(minus(circle(bx, 7.2, 4.5), circle(bx - 0.9, 6.3, 4.5)), shade)
-    # The case: outline, coloured rim with a shaded lower half, white face.
-    c.fill(circle(cx, cy, 12.4), edge)
-    c.fill(circle(cx, cy, 11.3), color)
-    c.fill(minus(circle(cx, cy, 11.3), circle(cx - 1.0, cy - 1.2, 11.3)), shade)
-    c.fill(circle(cx, cy, 8.9), darker(color, 0.55))
-    c.fill(circle(cx, cy, 8.1), (0xFD, 0xFD, 0xF8))
-    # Hour marks at 12, 3, 6 and 9.
-    for ang in range(0, 360, 90):
-        a = math.radians(ang)
-        x0, y0 = cx + 6.9 * math.sin(a), cy - 6.9 * math.cos(a)
-        x1, y1 = cx + 5.4 * math.sin(a), cy - 5.4 * math.cos(a)
-        c.fill(segment_shape(x0, y0, x1, y1, 0.75), ink)
-    # Hands at ten to two, and the centre pin.
-    c.fill(segment_shape(cx, cy, cx - 3.9, cy - 2.3, 1.05), ink)
-    c.fill(segment_shape(cx, cy, cx + 4.2, cy - 4.6, 0.8), ink)
-    c.fill(circle(cx, cy, 1.4), (0xC8, 0x2A, 0x2A))
+    shade = darker(color, 0.86)
+    # Feet, behind the case.
+    c.fill(segment_shape(15, 29, 11.5, 32.6, 1.3), ink)
+    c.fill(segment_shape(75, 29, 78.5, 32.6, 1.3), ink)
+    # The two bells at the upper corners, with their hammer pins.
+    for bx, px in ((8.0, 13.0), (82.0, 77.0)):
+        c.fill(segment_shape(bx, 5.5, px, 1.2, 0.8), ink)
+        c.fill(circle(bx, 6.0, 5.8), edge)
+        c.fill(circle(bx, 6.0, 4.7), color)
+        c.fill(minus(circle(bx, 6.0, 4.7), circle(bx - 1.0, 5.0, 4.7)), shade)
+    # The case: a dark outline, the coloured body, a darker band along its bottom and a light line
+    # along its top.
+    c.fill(rounded_rect(2.5, 2.5, w - 2.5, h - 3.0, 7.0), edge)
+    body = rounded_rect(3.7, 3.7, w - 3.7, h - 4.2, 5.8)
+    c.fill(body, color)
+    c.fill(lambda x, y: body(x, y) and y > h - 9.0, shade)
+    c.fill(lambda x, y: body(x, y) and y < 5.0 and 9 < x < w - 9, tuple(min(255, v + 50) for v in color))
     return c.gif()
 
 

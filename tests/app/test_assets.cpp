@@ -100,15 +100,16 @@ TEST(Assets, AlarmClocksComeInFourColours) {
     for (const auto& clock : clocks) {
         SCOPED_TRACE(clock.file);
         const QImage image = Load(clock.file);
-        ASSERT_EQ(image.size(), QSize(32, 32));
+        // Wide enough for a date and a time printed over the case.
+        ASSERT_EQ(image.size(), QSize(90, 34));
         EXPECT_TRUE(Transparent(image, 0, 0));
-        EXPECT_TRUE(Transparent(image, 31, 0));
-        EXPECT_TRUE(Transparent(image, 0, 31));
-        EXPECT_TRUE(Transparent(image, 31, 31));
-        EXPECT_GT(CountOpaque(image), 500);
-        // The white face in the middle, the coloured rim on the left edge of the case.
-        EXPECT_GT(image.pixelColor(19, 21).lightness(), 230);
-        const QColor rim = image.pixelColor(5, 18);
+        EXPECT_TRUE(Transparent(image, 89, 0));
+        EXPECT_TRUE(Transparent(image, 0, 33));
+        EXPECT_TRUE(Transparent(image, 89, 33));
+        EXPECT_GT(CountOpaque(image), 2400);
+        // The case under the text is the clock's colour, across its whole width.
+        for (const int x : {12, 45, 78}) EXPECT_FALSE(Transparent(image, x, 16)) << x;
+        const QColor rim = image.pixelColor(45, 14);
         EXPECT_GT(rim.saturation(), 120);
         const int d = std::abs(rim.hue() - clock.hue);
         EXPECT_LE(std::min(d, 360 - d), 25) << "hue " << rim.hue();
