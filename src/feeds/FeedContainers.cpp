@@ -52,12 +52,6 @@ void DownloadFile(Workspace& ws, const QString& url, const QString& file, std::f
     });
 }
 
-int ContainerOfPanel(Workspace& ws, int k) {
-    for (int i = 0; i < ws.ContainerCount && i < static_cast<int>(ws.Containers.size()); ++i)
-        if (ws.Containers[i].IsFeed && ws.Containers[i].FeedIndex == k) return i;
-    return -1;
-}
-
 } // namespace
 
 // --- small helpers of the dialog ---
@@ -255,16 +249,16 @@ void AddRSSShrinkIcon(Workspace& ws, const QString& url, int i) {
     // One file serves every feed and is overwritten by each download.
     DownloadFile(ws, QStringLiteral("http://") + h + QStringLiteral("/favicon.ico"), favicon,
                  [w, i, favicon](bool ok) {
-                     Workspace& ws = *w;
-                     if (i < 0 || i >= static_cast<int>(ws.Containers.size())) return;
-                     const QString icon = ws.Containers[i].IconPath;
+                     Workspace& space = *w;
+                     if (i < 0 || i >= static_cast<int>(space.Containers.size())) return;
+                     const QString icon = space.Containers[i].IconPath;
                      if (icon.isEmpty() || icon.contains(QLatin1String("rss.ico")) ||
                          icon.contains(QLatin1String("favicon.ico"))) {
-                         AddShrinkIcon(ws, ok ? favicon : ws.programFile(QStringLiteral("rss.ico")), i);
+                         AddShrinkIcon(space, ok ? favicon : space.programFile(QStringLiteral("rss.ico")), i);
                      } else {
-                         AddShrinkIcon(ws, icon, i);
+                         AddShrinkIcon(space, icon, i);
                      }
-                     DrawRSSIconOnTopofShrinkIcon(ws, i);
+                     DrawRSSIconOnTopofShrinkIcon(space, i);
                  });
 }
 

@@ -231,8 +231,8 @@ void WireTitleBand(InputContext& ctx, ElementWidget& w) {
 
 void WireElementInput(InputContext& ctx, ElementWidget& w) {
     Workspace& ws = ctx.ws;
-    if (WireDeskInput(ctx, w)) return;
     WireDropInput(ctx, w);
+    if (WireDeskInput(ctx, w)) return;
     const QString& name = w.element().Name();
     const int i = w.element().Index();
     if (name == QLatin1String("picMoveMe") || name == QLatin1String("lblCaption")) {
