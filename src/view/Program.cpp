@@ -156,6 +156,9 @@ int RunProgram(int argc, char** argv) {
     LoadSettings(ws);
     UnloadSplash(ws);
     mainWindow.applyAll();
+    // The window itself holds the keyboard focus when it first becomes active, so that its keys reach
+    // the key table; otherwise Qt would hand the focus to the first editor inside it, often a note.
+    mainWindow.setFocus(Qt::OtherFocusReason);
     ws.TimerHide.setEnabled(true);
 
     if (ws.Unloaded) return 0;
