@@ -18,7 +18,7 @@ void WireFeeds(Workspace& ws) {
     m.add("mnuRSSSettingsAddNew", "&New...", "mnuRSSNewsFeeds");
     m.add("mnuRSSRefreshAll", "&Refresh All", "mnuRSSNewsFeeds");
     m.add("mnuRSSViewer", "&Viewer", "mnuRSSNewsFeeds");
-    m.add("mnuRSSSearch", "&Search..", "mnuRSSNewsFeeds");
+    m.add("mnuRSSSearch", "&Search..", "mnuRSSNewsFeeds").setShortcut("Ctrl+S");
     m.add("mnuRSSRecentSearches", "Recen&t Search Terms", "mnuRSSNewsFeeds");
     // The recent terms: member 0 always; the others are declared hidden, and a term makes one visible.
     m["mnuRSSRecentSearches"].addChild(&m("mnuRSSSearchItem", 0));
@@ -32,11 +32,8 @@ void WireFeeds(Workspace& ws) {
     }
     m.add("mnuSepRecentSearches", "-", "mnuRSSRecentSearches");
     m.add("mnuClearRecentSearchTerms", "&Clear Recent List", "mnuRSSRecentSearches");
+    // The feeds' settings (declared with the other settings) follow under a line.
     m.add("mnuSepRSSSettings", "-", "mnuRSSNewsFeeds");
-    for (const char* name :
-         {"mnuHighlightRSS", "mnuRSSLoadOnStartup", "mnuRSSOpenDirectly", "mnuRSSSetProxy"})
-        m.share(QString::fromLatin1(name), QStringLiteral("mnuRSSNewsFeeds"));
-    m["mnuRSSSetProxy"].setCaption(QStringLiteral("&Proxy Server"));
 
     // A feed container's own entries on the container menu, shown only for feed containers.
     m.add("mnuSepRSS", "-", "mnuLink").setVisible(false);

@@ -300,9 +300,6 @@ void ApplyProperties(Workspace& ws) {
 
 void WireThemes(Workspace& ws) {
     Workspace* w = &ws;
-    if (!ws.menus.has(QStringLiteral("mnuProperties")))
-        ws.menus.add(QStringLiteral("mnuProperties"), QStringLiteral("Display &Properties...\tF4"),
-                     QStringLiteral("mnuOptions"));
     ws.menus["mnuProperties"].onClick = [w] { mnuProperties_Click(*w); };
     if (!ws.menus.has(QStringLiteral("mnuContainerColors")))
         ws.menus.add(QStringLiteral("mnuContainerColors"), QStringLiteral("C&olors..."),

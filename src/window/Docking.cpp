@@ -305,16 +305,14 @@ QString PicDock_MouseUp(Workspace& ws, int Button) {
 }
 
 void DeclareDockMenus(Menus& m) {
-    // The dock menu sits in the main menu too, before the options.
+    // The dock menu sits in the main menu too, before the settings.
     m.add("mnuDock", "&Dock", "mnuMain");
     m.add("mnuDockTop", "&Top", "mnuDock");
     m.add("mnuDockLeft", "&Left", "mnuDock");
     m.add("mnuDockRight", "&Right", "mnuDock");
     m.add("mnuDockNow", "&Collapse Now (Esc)", "mnuDock");
+    // The dock's settings follow under a line (app/workspace/SettingsMenus.cpp declares them).
     m.add("mnuSepDock", "-", "mnuDock");
-    for (const char* name :
-         {"mnuCollapseBefore", "mnuUndockImmediately", "mnuAnimateDock", "mnuWideDockingBorder"})
-        m.share(name, "mnuDock");
 }
 
 void WireDocking(Workspace& ws) {

@@ -285,7 +285,7 @@ wait_menu_closed() {
 }
 
 # Chooses an entry of the open menu of process $1 by the mnemonics (underlined letters) of its path,
-# e.g. `menu_choose "$pid" o f` for "&Options" > "&Fold on Click". Each letter must belong to one entry
+# e.g. `menu_choose "$pid" g c f` for "Settin&gs" > "&Containers" > "&Fold on Click". Each letter must belong to one entry
 # of its menu: then it triggers the entry or opens its submenu. A letter that several entries share only
 # moves the highlight, the menu stays open, and the test fails here.
 menu_choose() {

@@ -10,9 +10,9 @@ wait_main_window "$PROGRAM_PID"
 main=$MAIN_ID
 [ ! -e "$INI" ] && [ ! -e "$REC" ] || fail "files in the data folder before any change"
 
-# Options > Fold on Click: the change is saved to the recovery file only.
+# Settings > Containers > Fold on Click: the change is saved to the recovery file only.
 open_main_menu "$PROGRAM_PID" "$main"
-menu_choose "$PROGRAM_PID" o f
+menu_choose "$PROGRAM_PID" g c f
 end=$((SECONDS + 10))
 until [ -f "$REC" ]; do
   [ $SECONDS -lt $end ] || fail "no Perchdock.REC after a setting was changed from the menu"
@@ -21,11 +21,12 @@ done
 [ ! -e "$INI" ] || fail "a setting's change wrote Perchdock.ini"
 fold=$(ini_value "$REC" '[FoldOnClick]')
 [ -n "$fold" ] || fail "Perchdock.REC has no [FoldOnClick]"
-log "Options > Fold on Click saved to Perchdock.REC: [FoldOnClick] $fold"
+log "Settings > Containers > Fold on Click saved to Perchdock.REC: [FoldOnClick] $fold"
 
-# Save Workspace, then the "Workspace Saved" box.
-open_main_menu "$PROGRAM_PID" "$main"
-menu_choose "$PROGRAM_PID" s
+# Save Workspace by its key F8 (its menu letter S is shared with the feed entries), then the
+# "Workspace Saved" box.
+focus_window "$main"
+xdotool key F8
 wait_window '^Perchdock$' _NET_WM_WINDOW_TYPE_DIALOG 10
 box=$FOUND_ID
 log "message box after Save Workspace"

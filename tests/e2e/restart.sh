@@ -22,16 +22,16 @@ old=$PROGRAM_PID
 wait_main_window "$old"
 main=$MAIN_ID
 
-# A change: Options > Fold on Click, saved to the recovery file.
+# A change: Settings > Containers > Fold on Click, saved to the recovery file.
 open_main_menu "$old" "$main"
-menu_choose "$old" o f
+menu_choose "$old" g c f
 end=$((SECONDS + 10))
 until [ -f "$REC" ]; do
   [ $SECONDS -lt $end ] || fail "no Perchdock.REC after a setting was changed from the menu"
   sleep 0.2
 done
 [ "$(ini_value "$REC" '[FoldOnClick]')" != "$(ini_value "$INI" '[FoldOnClick]')" ] ||
-  fail "Options > Fold on Click did not change [FoldOnClick]"
+  fail "Settings > Containers > Fold on Click did not change [FoldOnClick]"
 
 # Ignore Changes && Restart, and yes to its question.
 open_main_menu "$old" "$main"

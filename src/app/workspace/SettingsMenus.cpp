@@ -4,68 +4,90 @@
 
 namespace pd {
 
+// Grouped by the settings submenu that shows them; the display dialog opens the same submenus from its
+// buttons. The dock's settings are in the dock menu and the feeds' in the feeds menu.
 const CheckSetting kCheckSettings[] = {
-    {"mnuAlign", "&Align", true},
-    {"mnuCaptureContainers", "&Capture/Nested Containers", false},
-    {"mnuAutoExpand", "Auto &Expand on Mouse-Over", true},
+    {"mnuAlign", "&Align", true, "mnuContainers"},
+    {"mnuCaptureContainers", "&Capture/Nested Containers", false, "mnuContainers"},
+    {"mnuAutoExpand", "Auto &Expand on Mouse-Over", true, "mnuContainers"},
+    {"mnuAutoFold", "&Fold on Click", true, "mnuContainers"},
     // On Linux the hot key is Super+S; the caption keeps the key's usual name.
-    {"mnuGlobalHotkey", "Global &Hotkey (Win+S)", true},
-    {"mnuAddNewToolbar", "Show Floating &Toolbar", true},
-    {"mnuExtractURL", "&Resolve Shortcuts", true},
-    {"mnuAutoFold", "&Fold on Click", true},
-    {"mnuTranslucent", "&Transparent", false},
-    {"mnuAnimateDock", "&Animate (Slide-In)", true},
-    {"mnuWideDockingBorder", "&Wide Border", false},
+    {"mnuGlobalHotkey", "Global &Hotkey (Win+S)", true, "mnuGlobalSettings"},
+    {"mnuAddNewToolbar", "Show Floating &Toolbar", true, "mnuGlobalSettings"},
+    {"mnuTranslucent", "&Transparent", false, "mnuGlobalSettings"},
+    {"mnuShowTime", "Show &Date && Time", false, "mnuGlobalSettings"},
+    {"mnuDropShadow", "Drop &Shadow (*)", true, "mnuGlobalSettings"},
+    {"mnuLock", "Lock Editing", false, "mnuGlobalSettings"},
+    {"mnuExtractURL", "&Resolve Shortcuts", true, "mnuShortcuts"},
+    {"mnuShowShortcutTags", "Show Asterisk Icon (Tags)", true, "mnuShortcuts"},
+    {"mnuDblClick", "&Dbl-Click to Start", true, "mnuShortcuts"},
+    {"mnuConfirmStartAllShortcuts", "&Require Confirmation for Start All Shortcuts", true, "mnuShortcuts"},
+    {"mnuCollapseBefore", "Collapse &Before Launch", true, "mnuDock"},
+    {"mnuAnimateDock", "&Animate (Slide-In)", true, "mnuDock"},
+    {"mnuWideDockingBorder", "&Wide Border", false, "mnuDock"},
     // Checked means the delay before undocking applies, whatever the file key says.
-    {"mnuUndockImmediately", "&Delay Before Undock", true},
-    {"mnuLock", "Lock Editing", false},
-    {"mnuShowTime", "Show &Date && Time", false},
-    {"mnuDropShadow", "Drop &Shadow (*)", true},
-    {"mnuShowShortcutTags", "Show Asterisk Icon (Tags)", true},
-    {"mnuDblClick", "&Dbl-Click to Start", true},
-    {"mnuCollapseBefore", "Collapse &Before Launch", true},
-    {"mnuConfirmStartAllShortcuts", "&Require Confirmation for Start All Shortcuts", true},
-    {"mnuRSSOpenDirectly", "&Open directly on the site", false},
-    {"mnuRSSLoadOnStartup", "&Load on startup", false},
-    {"mnuHighlightRSS", "&Highlight Search Terms", true},
+    {"mnuUndockImmediately", "&Delay Before Undock", true, "mnuDock"},
+    {"mnuHighlightRSS", "&Highlight Search Terms", true, "mnuRSSNewsFeeds"},
+    {"mnuRSSLoadOnStartup", "&Load on startup", false, "mnuRSSNewsFeeds"},
+    {"mnuRSSOpenDirectly", "&Open directly on the site", false, "mnuRSSNewsFeeds"},
 };
 const int kCheckSettingCount = sizeof kCheckSettings / sizeof kCheckSettings[0];
 
 void DeclareCoreMenus(Menus& menus) {
+    // The main menu in its order. Entries whose commands other subsystems make are declared here too,
+    // so that they stand in their place; a later declaration of the same name finds the entry made.
     menus.add("mnuMain", "Perchdock");
     menus.add("mnuNew", "&Container", "mnuMain").setShortcut("Ctrl+C");
     menus.add("mnuNewNote", "&Note", "mnuMain").setShortcut("Ctrl+N");
-    // Each entry of a menu has its own mnemonic letter, so that a key chooses it at once.
+    // Each entry of a menu has its own mnemonic letter where the captions allow, so that a key chooses
+    // it at once.
     menus.add("mnuAddLink", "New &Web Shortcut...", "mnuMain").setShortcut("Ctrl+W");
     menus.add("mnuAddFileLink", "New Fi&le Shortcut...", "mnuMain").setShortcut("Ctrl+F");
     menus.add("mnuAddFolderLink", "New Di&r Shortcut...", "mnuMain").setShortcut("Ctrl+D");
     // Desk objects (desk/DeskState.cpp gives them their commands).
     menus.add("mnuAddPicture", "New &Picture...", "mnuMain").setShortcut("Ctrl+P");
     menus.add("mnuAddReminder", "New R&eminder...", "mnuMain").setShortcut("Ctrl+R");
-    menus.add("mnuReminders", "Re&minders", "mnuMain");
-    menus.add("mnuRemindersDelete", "&Clear Reminders", "mnuReminders");
+    // A feed container (feeds/FeedMenus.cpp).
+    menus.add("mnuAddRSS", "R&SS News Feed", "mnuMain").setShortcut("Ctrl+E");
     // The clipboard's paste (shell/Clipboard.cpp sets its caption when a menu opens).
     menus.add("mnuPaste", "Paste Shortcuts...", "mnuMain").setVisible(false);
     menus.add("mnuSepNew", "-", "mnuMain");
     menus.add("mnuFoldAll", "&Fold/Unfold All", "mnuMain").setShortcut("Ctrl+F2");
     menus.add("mnuShrinkAll", "S&hrink/Expand All", "mnuMain").setShortcut("Ctrl+F1");
     menus.add("mnuClearWorkSpace", "Clear Workspace", "mnuMain");
+    // The tags and the check of all targets (shortcuts/FindCommands.cpp).
+    menus.add("mnuSepTags", "-", "mnuMain");
+    menus.add("mnuTagsMain", "&Tags", "mnuMain");
+    menus.add("mnuVerify", "&Verify", "mnuMain");
     menus.add("mnuSepWorkspace", "-", "mnuMain");
-    menus.add("mnuSave", "&Save Workspace", "mnuMain").setShortcut("Ctrl+S");
+    // Ctrl+S is the feed search's key; the save has F8.
+    menus.add("mnuSave", "&Save Workspace", "mnuMain").setShortcut("F8");
     menus.add("mnuReload", "&Ignore Changes && Restart", "mnuMain");
+    menus.add("mnuSepMenus", "-", "mnuMain");
+    // The feeds' submenu (feeds/FeedMenus.cpp fills it), the reminders', the dock's and the settings.
+    menus.add("mnuRSSNewsFeeds", "R&SS News Feeds", "mnuMain");
+    menus.add("mnuReminders", "Re&minders", "mnuMain");
+    menus.add("mnuRemindersDelete", "&Clear Reminders", "mnuReminders");
     // The dock menu (window/Docking) shows here and on the title band's dock button.
-    menus.add("mnuDock", "&Dock", "mnuMain");
-    menus.add("mnuOptions", "&Options", "mnuMain");
+    DeclareDockMenus(menus);
+    menus.add("mnuOptions", "Settin&gs", "mnuMain");
+    menus.add("mnuContainers", "&Containers", "mnuOptions");
+    menus.add("mnuGlobalSettings", "&Global Settings", "mnuOptions");
+    menus.add("mnuShortcuts", "&Shortcuts", "mnuOptions");
     for (int i = 0; i < kCheckSettingCount; ++i) {
         const CheckSetting& s = kCheckSettings[i];
-        MenuEntry& m = menus.add(s.menu, s.caption, "mnuOptions");
+        MenuEntry& m = menus.add(s.menu, s.caption, s.submenu);
         m.setCheckable(true);
         m.setChecked(s.byDefault);
     }
-    MenuEntry& confirm = menus.add("mnuDeleteConfirmation", "&Delete Confirmation", "mnuOptions");
+    MenuEntry& confirm = menus.add("mnuDeleteConfirmation", "&Delete Confirmation", "mnuContainers");
     confirm.setCheckable(true);
     confirm.setChecked(true);
-    menus.add("mnuRSSSetProxy", "Set &Proxy...", "mnuOptions").setCheckable(true);
+    menus.add("mnuRSSSetProxy", "&Proxy Server", "mnuRSSNewsFeeds").setCheckable(true);
+    menus.add("mnuSepSettings", "-", "mnuOptions");
+    // F4 reaches it through the window's key table, which first closes the type-to-find panel.
+    menus.add("mnuProperties", "Display &Properties...", "mnuOptions");
+    menus.add("mnuSepAbout", "-", "mnuMain");
     menus.add("mnuCheckForUpdate", "Check for &Update", "mnuMain");
     menus.add("mnuAbout", "&About", "mnuMain");
     menus.add("mnuExitMainWin", "E&xit", "mnuMain");
@@ -114,8 +136,6 @@ void DeclareCoreMenus(Menus& menus) {
     menus.add("mnuExitApp", "Exit", "mnuTray");
     // What a click on the tray icon and the hot key run; in no menu.
     menus.add("mnuShowWorkspace", "&Show Perchdock");
-
-    DeclareDockMenus(menus);
 
     // Recent feed searches; member 0 always exists.
     menus.add("mnuRSSSearchItem", "[No Recent Search]", QString(), 0);

@@ -10,6 +10,7 @@ struct CheckSetting {
     const char* menu;    // the entry, e.g. "mnuAlign"
     const char* caption; // its caption
     bool byDefault;      // checked when no workspace file says otherwise
+    const char* submenu; // the menu that shows it
 };
 
 // Every setting kept in a check mark.
