@@ -27,7 +27,10 @@ void MainWindowLoad(Workspace& ws) {
     win.Height = 5265;
     win.Width = 10065;
     ws.Link(0).ForeColor = 0xFFFFFF;
+    // The title band's caption carries the version; the main window's own version label stays hidden
+    // (the splash shows the version on its label).
     ws.lblVersion(0).Caption = QStringLiteral("Perchdock ") + VersionText();
+    ws.lblVersion(0).Visible = false;
 
     ws.RSSViewerX = 1000;
     ws.RSSViewerY = 1000;
@@ -66,7 +69,7 @@ void MainWindowLoad(Workspace& ws) {
     ws.picMoveMe(0).Move(120, 30, 8000, 255);
     ws.lblCaption(0).setContainer(&ws.picMoveMe(0));
     ws.lblCaption(0).Move(0, 0, 8000, 255);
-    ws.lblCaption(0).Caption = QStringLiteral("Perchdock");
+    ws.lblCaption(0).Caption = QStringLiteral("Perchdock ") + VersionText();
     for (ElementFamily* f : {&ws.lblVersion, &ws.PicDock, &ws.PicLockToolbar, &ws.PicUnLockToolbar})
         (*f)(0).setContainer(&back);
     ws.lblVersion(0).Move(8200, 30, 1500, 255);

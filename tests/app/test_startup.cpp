@@ -25,7 +25,8 @@ TEST(Startup, TheWindowsAndTheSplashShowTheVersion) {
     EXPECT_EQ(t.ws->splash.lblVersion(0).Caption.get(), QStringLiteral("v1.0.01b"));
     EXPECT_FALSE(t.ws->splash.frmSplash(0).Enabled.get());
     t.start();
-    EXPECT_EQ(t.ws->lblVersion(0).Caption.get(), QStringLiteral("Perchdock v1.0.01b"));
+    EXPECT_EQ(t.ws->lblCaption(0).Caption.get(), QStringLiteral("Perchdock v1.0.01b"));
+    EXPECT_FALSE(t.ws->lblVersion(0).Visible.get());
 }
 
 TEST(Startup, TheRootTestStopsAProgramInTheRootDirectory) {
