@@ -1,4 +1,5 @@
 #include "view/DeskInput.h"
+#include "view/MouseArgs.h"
 
 #include "app/workspace/Workspace.h"
 #include "desk/DeskState.h"
@@ -22,30 +23,6 @@
 namespace pd {
 
 namespace {
-
-int Button(const QMouseEvent& ev) {
-    switch (ev.button()) {
-    case Qt::LeftButton:
-        return 1;
-    case Qt::RightButton:
-        return 2;
-    case Qt::MiddleButton:
-        return 4;
-    default:
-        return 0;
-    }
-}
-
-int Held(const QMouseEvent& ev) {
-    const Qt::MouseButtons b = ev.buttons();
-    return (b & Qt::LeftButton ? 1 : 0) | (b & Qt::RightButton ? 2 : 0) | (b & Qt::MiddleButton ? 4 : 0);
-}
-
-int Shift(const QMouseEvent& ev) {
-    const Qt::KeyboardModifiers m = ev.modifiers();
-    return (m & Qt::ShiftModifier ? 1 : 0) | (m & Qt::ControlModifier ? 2 : 0) |
-           (m & Qt::AltModifier ? 4 : 0);
-}
 
 float Tx(Workspace& ws, const QMouseEvent& ev) {
     return static_cast<float>(ev.position().x()) * ws.TwipsPerPixelX();

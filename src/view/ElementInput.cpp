@@ -1,4 +1,5 @@
 #include "view/ElementInput.h"
+#include "view/MouseArgs.h"
 
 #include "app/WorkspaceFile.h"
 #include "app/workspace/Workspace.h"
@@ -43,22 +44,6 @@ void Popup(InputContext& ctx, const QString& name, const QMouseEvent& ev) {
     if (QMenu* m = ctx.menus.menu(name)) m->popup(ev.globalPosition().toPoint());
 }
 
-// The mouse button as the handlers take it: 1 left, 2 right, 4 middle.
-int Button(const QMouseEvent& ev) {
-    switch (ev.button()) {
-    case Qt::LeftButton: return 1;
-    case Qt::RightButton: return 2;
-    case Qt::MiddleButton: return 4;
-    default: return 0;
-    }
-}
-
-// The key states as the handlers take them: 1 Shift, 2 Ctrl, 4 Alt.
-int Shift(const QMouseEvent& ev) {
-    const Qt::KeyboardModifiers m = ev.modifiers();
-    return (m & Qt::ShiftModifier ? 1 : 0) | (m & Qt::ControlModifier ? 2 : 0) | (m & Qt::AltModifier ? 4 : 0);
-}
-
 // Where the pointer is in the element, in twips.
 QPointF ToTwips(Workspace& ws, const QMouseEvent& ev) {
     const QPointF p = ev.position();
@@ -89,12 +74,6 @@ Handler OnLeftPress(Workspace& ws, void (*action)(Workspace&, int)) {
 // The mouse has gone elsewhere, unless moves are resting after the stepping key.
 void MouseLeftTiles(Workspace& ws) {
     if (!ws.TimerDisableMouseMove.Enabled()) ShrinkBackContainer(ws);
-}
-
-// The buttons held during a move as the handlers take them: 1 left, 2 right, 4 middle.
-int Held(const QMouseEvent& ev) {
-    const Qt::MouseButtons b = ev.buttons();
-    return (b & Qt::LeftButton ? 1 : 0) | (b & Qt::RightButton ? 2 : 0) | (b & Qt::MiddleButton ? 4 : 0);
 }
 
 float Tx(const QPointF& p) { return static_cast<float>(p.x()); }

@@ -1,4 +1,5 @@
 #include "view/FeedsView.h"
+#include "view/MouseArgs.h"
 
 #include "app/workspace/Workspace.h"
 #include "feeds/FeedContainers.h"
@@ -23,19 +24,6 @@
 namespace pd {
 
 namespace {
-
-int Button(const QMouseEvent& ev) {
-    switch (ev.button()) {
-    case Qt::LeftButton:
-        return 1;
-    case Qt::RightButton:
-        return 2;
-    case Qt::MiddleButton:
-        return 4;
-    default:
-        return 0;
-    }
-}
 
 QColor FromBgr(int32_t c) {
     return QColor(c & 0xFF, (c >> 8) & 0xFF, (c >> 16) & 0xFF);

@@ -1,4 +1,5 @@
 #include "view/FindView.h"
+#include "view/MouseArgs.h"
 
 #include "app/workspace/Workspace.h"
 #include "shortcuts/EditLink.h"
@@ -19,24 +20,6 @@
 namespace pd {
 
 namespace {
-
-int Button(const QMouseEvent& ev) {
-    switch (ev.button()) {
-    case Qt::LeftButton:
-        return 1;
-    case Qt::RightButton:
-        return 2;
-    case Qt::MiddleButton:
-        return 4;
-    default:
-        return 0;
-    }
-}
-
-int Held(const QMouseEvent& ev) {
-    const Qt::MouseButtons b = ev.buttons();
-    return (b & Qt::LeftButton ? 1 : 0) | (b & Qt::RightButton ? 2 : 0) | (b & Qt::MiddleButton ? 4 : 0);
-}
 
 using Handler = std::function<void(ElementWidget&, QMouseEvent&)>;
 

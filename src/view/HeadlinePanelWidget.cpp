@@ -1,4 +1,5 @@
 #include "view/HeadlinePanelWidget.h"
+#include "view/MouseArgs.h"
 
 #include "feeds/HeadlinePanel.h"
 #include "view/RichLabel.h"
@@ -17,25 +18,6 @@ namespace {
 
 QColor FromBgr(int32_t c) {
     return QColor(c & 0xFF, (c >> 8) & 0xFF, (c >> 16) & 0xFF);
-}
-
-int Shift(const QInputEvent& ev) {
-    const Qt::KeyboardModifiers m = ev.modifiers();
-    return (m & Qt::ShiftModifier ? 1 : 0) | (m & Qt::ControlModifier ? 2 : 0) |
-           (m & Qt::AltModifier ? 4 : 0);
-}
-
-int Button(const QMouseEvent& ev) {
-    switch (ev.button()) {
-    case Qt::LeftButton:
-        return 1;
-    case Qt::RightButton:
-        return 2;
-    case Qt::MiddleButton:
-        return 4;
-    default:
-        return 0;
-    }
 }
 
 } // namespace
