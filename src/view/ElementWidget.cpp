@@ -215,6 +215,14 @@ void ElementWidget::paintEvent(QPaintEvent*) {
         p.setPen(ToQColor(e_.ForeColor));
         p.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, caption);
     }
+    // The toolbar's feed picture shows its press inverted, as a pressed button.
+    if (family == QLatin1String("PicRSSRefreshALL")) {
+        if (e_.BorderStyle == 1) {
+            p.setCompositionMode(QPainter::RasterOp_NotDestination);
+            p.fillRect(rect(), Qt::white);
+        }
+        return;
+    }
     // A thin frame: a shortcut's launch mark.
     if (e_.BorderStyle == 1) {
         p.setPen(ToQColor(e_.ForeColor));

@@ -159,3 +159,20 @@ int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }
+
+TEST_F(ViewFixture, ThePressedFeedPictureOfTheToolbarShowsInverted) {
+    Element& pic = ws.PicRSSRefreshALL(0);
+    pic.setContainer(&ws.picBack(0));
+    pic.Move(0, 0, 240, 240);
+    pic.BackStyle = 1;
+    pic.BackColor = 0x204080; // red 0x80, green 0x40, blue 0x20
+    pic.Visible = true;
+    QWidget* w = view.widget(pic);
+    ASSERT_NE(w, nullptr);
+    const QColor before = w->grab().toImage().pixelColor(8, 8);
+    EXPECT_EQ(before, QColor(0x80, 0x40, 0x20));
+    pic.BorderStyle = 1;
+    EXPECT_EQ(w->grab().toImage().pixelColor(8, 8), QColor(0x7F, 0xBF, 0xDF));
+    pic.BorderStyle = 0;
+    EXPECT_EQ(w->grab().toImage().pixelColor(8, 8), before);
+}
