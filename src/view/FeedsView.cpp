@@ -169,7 +169,7 @@ void FeedsView::wireWidget(ElementWidget& w) {
         // The symbol follows the caption and the owner's colours.
         class Watch : public QObject {
           public:
-            explicit Watch(FeedsView* v) : v_(v) {}
+            Watch(FeedsView* v, QObject* parent) : QObject(parent), v_(v) {}
             bool eventFilter(QObject*, QEvent* ev) override {
                 if (ev->type() == QEvent::Paint || ev->type() == QEvent::ParentChange ||
                     ev->type() == QEvent::Resize)
@@ -178,7 +178,8 @@ void FeedsView::wireWidget(ElementWidget& w) {
             }
             FeedsView* v_;
         };
-        w.installEventFilter(new Watch(this));
+        // The widget owns its watch.
+        w.installEventFilter(new Watch(this, &w));
     } else if (name == QLatin1String("PicRSSRefreshALL")) {
         w.onPress = [&ws](ElementWidget&, QMouseEvent& ev) { PicRSSRefreshALL_MouseDown(ws, Button(ev)); };
         w.onRelease = [this](ElementWidget&, QMouseEvent& ev) {
