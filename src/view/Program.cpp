@@ -99,23 +99,19 @@ int RunProgram(int argc, char** argv) {
     // Tags, type-to-find and the shortcut properties: the menus and dialog the core opens, the panel's
     // controls, and the mouse on their elements.
     FindView findView(ws, view, menus, &mainWindow);
-    view.onWidgetCreated = [&input, &findView](ElementWidget& w) {
-        WireElementInput(input, w);
-        findView.wireWidget(w);
-    };
     ws.onFocusRequest = [&view](Element& e) {
         if (auto* w = qobject_cast<ElementWidget*>(view.widget(e))) w->focusEditor();
     };
     // The feeds: panels in the LstRSS members, the feed dialogs and the viewer, the feed elements' mouse.
     FeedsView feedsView(ws, view, menus, &mainWindow,
                         [&platform](const QString& name, QWidget* w) { platform.registerWindow(name, w); });
-    {
-        auto previous = view.onWidgetCreated;
-        view.onWidgetCreated = [previous, &feedsView](ElementWidget& w) {
-            if (previous) previous(w);
-            feedsView.wireWidget(w);
-        };
-    }
+    // Each widget the view makes gets the mouse and drop handling of its element, then that of the
+    // subsystems that own special elements.
+    view.onWidgetCreated = [&input, &findView, &feedsView](ElementWidget& w) {
+        WireElementInput(input, w);
+        findView.wireWidget(w);
+        feedsView.wireWidget(w);
+    };
     // Notes, the reminder dialog and the alarm windows.
     InstallDeskView(ws);
     InstallReminderWindows(ws, platform.programDirectory(),
