@@ -2,6 +2,7 @@
 
 #include "app/files/Values.h"
 #include "app/workspace/Workspace.h"
+#include "desk/Lock.h"
 #include "feeds/FeedsState.h"
 #include "feeds/StripHtmlTags.h"
 #include "window/AutoHide.h"
@@ -19,6 +20,8 @@ void Changed(FrmRSSSearch& f) {
 }
 
 void OpenSearch(Workspace& ws, const QString* term) {
+    // A locked workspace opens for a short spell, and locks again by itself ten seconds later.
+    UnlockBriefly(ws);
     EnableDisableTimerHide(ws, false);
     FrmRSSSearch form;
     RSSSearch_Load(ws, form);

@@ -5,6 +5,7 @@
 
 #include "app/WorkspaceFile.h"
 #include "app/workspace/Workspace.h"
+#include "desk/Lock.h"
 #include "shortcuts/FindState.h"
 #include "shortcuts/LinkLayout.h"
 #include "shortcuts/LinkSelection.h"
@@ -62,6 +63,9 @@ void mnuLinkEdit_Click(Workspace& ws) {
     // On a container the same entry renames it; that is the container's own command.
     const int n = ws.SelectedLink;
     if (!HasCaption(ws, n)) return;
+    // The editor reaches a locked workspace too (F2, the find panel); it opens the lock for a short
+    // spell, which ends by itself ten seconds later.
+    UnlockBriefly(ws);
     EnableDisableTimerHide(ws, false);
     FrmEditLink form;
     LoadEditLink(ws, form, n);

@@ -1,6 +1,7 @@
 #include "window/FloatingToolbar.h"
 
 #include "app/workspace/Workspace.h"
+#include "desk/Lock.h"
 #include "window/Docking.h"
 #include "window/WindowServices.h"
 
@@ -83,6 +84,10 @@ void ToolbarBackRelease(Workspace& ws, float X, float Y) {
 void ShowFloatingToolbar(Workspace& ws, float X, float Y) {
     // Only a click in place: a pointer that moved by a twip drew a selection rectangle instead.
     if (std::lround(X) != ws.BackPressX || std::lround(Y) != ws.BackPressY) return;
+    // The release on the background opens a locked workspace for a short spell, so that what the
+    // toolbar adds can be placed at once; the lock comes back by itself ten seconds later. Only the
+    // release that brings up the toolbar does so: a plain click that clears a selection keeps the lock.
+    UnlockBriefly(ws);
     FloatingToolbar& tb = Toolbar(ws);
     const bool wasLoaded = tb.Loaded;
     tb.Loaded = true;

@@ -11,8 +11,14 @@
 #include "desk/DeskState.h"
 #include "desk/Lock.h"
 #include "desk/Notes.h"
+#include "feeds/FeedSearch.h"
+#include "feeds/FeedsState.h"
+#include "shortcuts/EditLink.h"
+#include "shortcuts/FindState.h"
 #include "shortcuts/LinkSelection.h"
+#include "shortcuts/Shortcuts.h"
 #include "support/TestWorkspace.h"
+#include "window/FloatingToolbar.h"
 #include "window/WindowServices.h"
 
 #include <QFileInfo>
@@ -258,6 +264,62 @@ TEST_F(Notes, ABriefUnlockEndsLockedAfterTenSecondsEvenIfUnlockedByHandMeanwhile
     UnlockWorkspace(ws());
     UnlockBriefly(ws());
     EXPECT_FALSE(desk().TimerBrieflyUnlock.Enabled());
+}
+
+// The three commands that open a locked workspace for a short spell: each leaves it unlocked with the
+// brief timer running, and the lock comes back ten seconds later by itself.
+TEST_F(Notes, TheShortcutEditorOpensALockedWorkspaceForTenSeconds) {
+    const int c = t.newContainerAt(600, 200);
+    AddShortcut(ws(), QStringLiteral("/opt/tools/prog"), ws().grpBorder(c));
+    ws().SelectedLink = static_cast<int16_t>(ws().LinkCount - 1);
+    LockWorkspace(ws());
+    bool lockedWhileOpen = true;
+    Find(ws()).onShowEditLink = [&](FrmEditLink&) { lockedWhileOpen = ws().menus["mnuLock"].Checked(); };
+    mnuLinkEdit_Click(ws());
+    EXPECT_FALSE(lockedWhileOpen);
+    EXPECT_FALSE(ws().menus["mnuLock"].Checked());
+    EXPECT_TRUE(desk().TimerBrieflyUnlock.Enabled());
+    t.clock.advance(10000);
+    EXPECT_TRUE(ws().menus["mnuLock"].Checked());
+    EXPECT_TRUE(ws().PicLockToolbar(0).Visible.get());
+}
+
+TEST_F(Notes, TheFeedSearchOpensALockedWorkspaceForTenSeconds) {
+    LockWorkspace(ws());
+    int shown = 0;
+    Feeds(ws()).showSearch = [&](FrmRSSSearch&) { ++shown; };
+    mnuRSSSearch_Click(ws());
+    EXPECT_EQ(shown, 1);
+    EXPECT_FALSE(ws().menus["mnuLock"].Checked());
+    EXPECT_TRUE(desk().TimerBrieflyUnlock.Enabled());
+    t.clock.advance(10000);
+    EXPECT_TRUE(ws().menus["mnuLock"].Checked());
+}
+
+TEST_F(Notes, TheReleaseThatBringsUpTheToolbarOpensALockedWorkspaceForTenSeconds) {
+    ws().menus["mnuAddNewToolbar"].setChecked(true);
+    LockWorkspace(ws());
+    // A release that moved opens no toolbar and keeps the lock.
+    ToolbarBackPress(ws(), 2000, 1000);
+    ToolbarBackRelease(ws(), 2001, 1000);
+    EXPECT_TRUE(ws().menus["mnuLock"].Checked());
+    EXPECT_FALSE(desk().TimerBrieflyUnlock.Enabled());
+    ToolbarBackPress(ws(), 2000, 1000);
+    ToolbarBackRelease(ws(), 2000, 1000);
+    ASSERT_TRUE(Toolbar(ws()).Loaded);
+    EXPECT_FALSE(ws().menus["mnuLock"].Checked());
+    EXPECT_TRUE(desk().TimerBrieflyUnlock.Enabled());
+    t.clock.advance(10000);
+    EXPECT_TRUE(ws().menus["mnuLock"].Checked());
+}
+
+TEST_F(Notes, AnUnlockedWorkspaceStaysUnlockedWithoutTheTimer) {
+    Feeds(ws()).showSearch = [](FrmRSSSearch&) {};
+    mnuRSSSearch_Click(ws());
+    EXPECT_FALSE(ws().menus["mnuLock"].Checked());
+    EXPECT_FALSE(desk().TimerBrieflyUnlock.Enabled());
+    t.clock.advance(20000);
+    EXPECT_FALSE(ws().menus["mnuLock"].Checked());
 }
 
 } // namespace
