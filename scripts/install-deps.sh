@@ -22,6 +22,8 @@ packages=(
   openbox trayer
   # The global hot key's key grab on X11
   libxcb1-dev
+  # Accessibility test: a D-Bus session, the AT-SPI bus and its Python client
+  dbus at-spi2-core python3-gi gir1.2-atspi-2.0
   # Fuzzing: clang with libFuzzer and the sanitizer runtimes
   clang-14 libclang-rt-14-dev
 )
