@@ -85,6 +85,18 @@ void ReminderForm::DaysInMonth() {
     changed();
 }
 
+void ReminderForm::RefreshDayList() {
+    const auto first = ParseReminderDate(QStringLiteral("1-") + cboMonth + QLatin1Char('-') + cboYear);
+    if (!first) return;
+    const int count = static_cast<int>(first->daysTo(first->addMonths(1)));
+    QStringList days;
+    for (int d = 1; d <= count; ++d)
+        days << QString::number(d);
+    if (days == DayList) return;
+    DayList = days;
+    changed();
+}
+
 void ReminderForm::ChooseColor(int n) {
     OptAlarmGif = std::clamp(n, 0, kReminderColors - 1);
     TextBackColor = ReminderBackColor(OptAlarmGif);

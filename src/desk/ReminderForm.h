@@ -43,6 +43,10 @@ struct ReminderForm {
     void SetFieldsFor(const QDateTime& moment, int minutes);
     // Refills cboDay for the month and year shown, keeping the day where the month has it.
     void DaysInMonth();
+    // Refills cboDay's list for a month or year typed into its field, leaving the day as typed: only a
+    // pick from the lists moves the day, so a typed date that does not exist still reads as invalid at
+    // "&Done". A month or year that does not read leaves the list as it was.
+    void RefreshDayList();
     // The option button of a colour was chosen.
     void ChooseColor(int n);
     // "&Done": adds the reminder, or says why not and stays open.

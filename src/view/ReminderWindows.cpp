@@ -131,6 +131,15 @@ ReminderDialog::ReminderDialog(ReminderForm& form, const QString& programDirecto
             readBack();
             form_.DaysInMonth();
         });
+        // A month or year typed in (the focus leaves the field, or Enter) refreshes the list of days
+        // but leaves the day alone; see RefreshDayList. Qt would otherwise treat typed text that
+        // matches an item as a pick from the list, which moves the day; that connection is dropped.
+        disconnect(c->lineEdit(), &QLineEdit::editingFinished, c, nullptr);
+        connect(c->lineEdit(), &QLineEdit::editingFinished, this, [this] {
+            if (syncing_) return;
+            readBack();
+            form_.RefreshDayList();
+        });
     }
     form_.onChanged = [this] { sync(); };
     sync();

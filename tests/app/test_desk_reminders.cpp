@@ -526,6 +526,25 @@ TEST_F(Reminders, January31MovedToFebruaryBecomesItsLastDayAndDoesNotComeBack) {
     EXPECT_EQ(f.cboDay, QStringLiteral("15"));
 }
 
+TEST_F(Reminders, ATypedMonthOrYearRefillsTheDaysAndLeavesTheDay) {
+    ReminderForm f(ws());
+    f.Load();
+    f.cboMonth = QStringLiteral("Feb");
+    f.cboYear = QStringLiteral("2031");
+    f.cboDay = QStringLiteral("30");
+    f.RefreshDayList();
+    EXPECT_EQ(f.DayList.size(), 28);
+    EXPECT_EQ(f.cboDay, QStringLiteral("30"));
+    // Years past the list's end read as typed.
+    f.cboYear = QStringLiteral("2032");
+    f.RefreshDayList();
+    EXPECT_EQ(f.DayList.size(), 29);
+    // What does not read leaves the list alone.
+    f.cboMonth = QStringLiteral("Fe");
+    f.RefreshDayList();
+    EXPECT_EQ(f.DayList.size(), 29);
+}
+
 TEST_F(Reminders, ClearAsksWhenDeletionsAreConfirmed) {
     ReminderForm f(ws());
     f.Load();

@@ -14,6 +14,7 @@
 #include <QComboBox>
 #include <QFile>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QPushButton>
@@ -107,6 +108,36 @@ TEST_F(ReminderWindowsTest, TheDialogHasItsControlsAndDoneAddsTheReminder) {
     EXPECT_EQ(ws().DeskObjects[0].Note, QStringLiteral("Call Bob"));
     EXPECT_TRUE(ws().DeskObjects[0].PicPath.endsWith(QLatin1String("alarmclockbl.gif")));
     EXPECT_EQ(ws().picTemp(0).Left.get(), 2400.0f);
+}
+
+TEST_F(ReminderWindowsTest, ATypedMonthOrYearRefreshesTheDaysButLeavesTheDayAsTyped) {
+    ws().ConfirmDelete = false;
+    WhenDialogShows([&](QDialog& d) {
+        auto* month = d.findChild<QComboBox*>(QStringLiteral("cboMonth"));
+        auto* day = d.findChild<QComboBox*>(QStringLiteral("cboDay"));
+        auto* year = d.findChild<QComboBox*>(QStringLiteral("cboYear"));
+        ASSERT_TRUE(month && day && year);
+        // February of a year typed in, leap and not.
+        month->setEditText(QStringLiteral("Feb"));
+        emit month->lineEdit()->editingFinished();
+        EXPECT_EQ(day->count(), 28) << "February 2026";
+        year->setEditText(QStringLiteral("2028"));
+        emit year->lineEdit()->editingFinished();
+        EXPECT_EQ(day->count(), 29);
+        // A day typed past the month's end stays as typed, so that Done can still call it invalid.
+        day->setEditText(QStringLiteral("31"));
+        year->setEditText(QStringLiteral("2029"));
+        emit year->lineEdit()->editingFinished();
+        EXPECT_EQ(day->count(), 28);
+        EXPECT_EQ(day->currentText(), QStringLiteral("31"));
+        // A year half typed keeps the list as it was.
+        year->setEditText(QStringLiteral("20x"));
+        emit year->lineEdit()->editingFinished();
+        EXPECT_EQ(day->count(), 28);
+        d.findChild<QPushButton*>(QStringLiteral("CancelButton"))->click();
+    });
+    ws().menus["mnuAddReminder"].Click();
+    EXPECT_EQ(ws().DeskObjectCount, 0);
 }
 
 TEST_F(ReminderWindowsTest, APastMomentKeepsTheDialogOpenUntilClear) {
