@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
-# Writes the seeds of fuzz_link_files into this folder: shell links built here field by field (local,
-# Unicode, network, mapped drive, ID list, relative path, environment block, 8-bit strings), Internet
-# shortcuts and desktop entries. Run it from anywhere: python3 fuzz/corpus/links/make_seeds.py
+# Writes the seeds of the link file targets (fuzz_lnk_file, fuzz_url_file, fuzz_desktop_file) into
+# this folder: shell links built here field by field (local, Unicode, network, mapped drive, ID list,
+# relative path, environment block, 8-bit strings), Internet shortcuts and desktop entries. Run it from
+# anywhere: python3 fuzz/corpus/links/make_seeds.py
 import os
 import struct
 
