@@ -24,6 +24,8 @@ packages=(
   libxcb1-dev
   # Accessibility test: a D-Bus session, the AT-SPI bus and its Python client
   dbus at-spi2-core python3-gi gir1.2-atspi-2.0
+  # Packaging: checking the desktop entry and the AppStream metadata (dpkg-shlibdeps comes with build-essential)
+  desktop-file-utils appstream
   # Fuzzing: clang with libFuzzer and the sanitizer runtimes
   clang-14 libclang-rt-14-dev
 )

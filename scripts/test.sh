@@ -46,6 +46,10 @@ suite() {
 suite build-ci -- \
   -DCMAKE_BUILD_TYPE=RelWithDebInfo -DPERCHDOCK_WERROR=ON -DPERCHDOCK_SANITIZE=OFF -DPERCHDOCK_BENCH=ON
 
+# The .deb made from build-ci installs with apt, starts on Xvfb and is removed again (needs root or sudo).
+echo "=== build-ci: .deb install test"
+bash "$root/tests/package/deb_install.sh" "$root/build-ci" || failed+=("build-ci (.deb install)")
+
 suite build-asan -- \
   -DCMAKE_BUILD_TYPE=Debug -DPERCHDOCK_SANITIZE=ON -DPERCHDOCK_WERROR=OFF -DPERCHDOCK_BENCH=OFF
 
