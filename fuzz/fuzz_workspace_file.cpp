@@ -1,6 +1,8 @@
-// Fuzz target for the workspace file reader: arbitrary bytes go through the same steps as a start of the
-// program (decode, split into lines, the key loop with its records) into a fresh workspace on the fake
-// platform and the hand clock; the workspace is then written back and the written bytes are read again.
+// Fuzz target for the workspace file reader: arbitrary bytes are written as the workspace file of a data
+// folder and read by a start of the program (the window's load and LoadSettings: decode, split into
+// lines, the key loop with its records, then the collected window state, lock, buttons and the form's
+// layout applied) into a fresh workspace on the fake platform and the hand clock; the workspace is then
+// written back and the written bytes are read again the same way.
 //
 // With PERCHDOCK_FUZZ_ROUNDTRIP=1 in the environment the target also checks that a file this program
 // wrote reads back to the same file, and aborts when it does not.
@@ -14,6 +16,7 @@
 #include "app/workspace/Workspace.h"
 #include "support/FakePlatform.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -37,10 +40,11 @@ public:
     }
 };
 
-// A fixed program directory holding the default reminder image, so that the seeds can name it, and a
-// data folder that stays empty: nothing here writes files.
+// A program directory holding the default reminder image of old files, and a data folder that holds
+// the workspace file being read (and nothing else: the start finds no container files).
 QString g_programDir;
 QString g_dataHome;
+QString g_workspaceFile;
 bool g_roundTrip = false;
 
 void MakeDir(const QString& path) { QDir().mkpath(path); }
@@ -59,19 +63,14 @@ QByteArray LoadAndWrite(const QByteArray& bytes, bool forExit) {
     pd::ManualClock clock;
     pd::Workspace ws(platform, clock);
 
-    // The steps of a start before the key loop: the window's load and the defaults of LoadSettings.
+    {
+        QFile f(g_workspaceFile);
+        if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate)) std::abort();
+        f.write(bytes);
+    }
+    // The steps of a start: the window's load, then LoadSettings reads the file and applies it.
     pd::MainWindowLoad(ws);
-    ws.LinkFontSize = 10;
-    ws.LargeIconSize = 32;
-    ws.LinkFontName = QStringLiteral("Verdana");
-    ws.ButtonSet = QStringLiteral("Plain White on Blue");
-    pd::DetermineDataPath(ws);
-
-    pd::LoadState st;
-    pd::ReadWorkspaceLines(ws, pd::SplitLines(pd::DecodeText(bytes)), st);
-    // The save refuses to run while loading; the writer below does not look at the flag, but clear it as
-    // the end of the load does.
-    ws.IsLoading = false;
+    pd::LoadSettings(ws);
     return pd::WorkspaceFileBytes(ws, forExit);
 }
 
@@ -81,10 +80,24 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
     // Qt warns of every path with a NUL character that reaches a file check; the reader is expected to
     // meet such paths, so its warnings are noise here.
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-    g_programDir = QDir::temp().filePath(QStringLiteral("perchdock-fuzz"));
+    // The folders are this process's own (named by its id), so that runs side by side do not share the
+    // workspace file; they go at a normal end.
+    g_programDir = QDir::temp().filePath(
+        QStringLiteral("perchdock-fuzz-workspace-%1").arg(QCoreApplication::applicationPid()));
     g_dataHome = QDir(g_programDir).filePath(QStringLiteral("data"));
     MakeDir(g_programDir);
     MakeDir(g_dataHome);
+    std::atexit([] { QDir(g_programDir).removeRecursively(); });
+    {
+        FuzzPlatform platform;
+        platform.programDir = g_programDir;
+        platform.dataDir = g_dataHome;
+        pd::ManualClock clock;
+        pd::Workspace ws(platform, clock);
+        pd::DetermineDataPath(ws);
+        MakeDir(ws.DataPath);
+        g_workspaceFile = ws.dataFile(QString::fromLatin1(pd::kWorkspaceFile));
+    }
     // A 1 by 1 GIF made here: the default image of reminders in old files.
     static const unsigned char gif[] = {0x47, 0x49, 0x46, 0x38, 0x39, 0x61, 0x01, 0x00, 0x01, 0x00, 0x80, 0x00,
                                         0x00, 0x00, 0x00, 0x00, 0xff, 0xff, 0xff, 0x21, 0xf9, 0x04, 0x01, 0x00,
