@@ -2,11 +2,14 @@
 
 #include "app/WorkspaceFile.h"
 #include "app/workspace/Workspace.h"
+#include "containers/Containers.h"
 #include "containers/Moving.h"
 #include "containers/Selection.h"
 #include "containers/Shrinking.h"
+#include "containers/TitleMouse.h"
 #include "desk/DeskState.h"
 #include "desk/Reminders.h"
+#include "shortcuts/LinkSelection.h"
 #include "window/Docking.h"
 
 namespace pd {
@@ -36,10 +39,26 @@ void PressToMove(Workspace& ws, Element& moved, float X, float Y) {
     if (ws.menus["mnuLock"].Checked()) ShowLockedSign(ws, moved);
 }
 
-void DragBy(Workspace& ws, Element& moved, float X, float Y) {
+// A picture or reminder is dragged as a container is: a plain drag drops every selection, and with
+// Ctrl held the selected containers follow the pointer by the same offset (the release then places
+// them).
+void DragBy(Workspace& ws, Element& moved, int Shift, float X, float Y) {
     if (ws.menus["mnuLock"].Checked()) return;
     const DeskState& d = Desk(ws);
-    moved.Move(moved.Left + X - d.PicPressX, moved.Top + Y - d.PicPressY);
+    const float dx = X - d.PicPressX;
+    const float dy = Y - d.PicPressY;
+    if (dx == 0 && dy == 0) return;
+    if ((Shift & kCtrlMask) == 0) {
+        UnselectAllLinks(ws, true);
+        UnselectAllGroups(ws);
+    }
+    moved.Move(moved.Left + dx, moved.Top + dy);
+    if ((Shift & kCtrlMask) == 0) return;
+    for (int k = 0; k < ws.Group.Count(); ++k) {
+        if (!IsContainerLive(ws, k) || !ws.lblName(k).FontBold) continue;
+        Element& g = ws.Group(k);
+        g.Move(g.Left + dx, g.Top + dy);
+    }
 }
 
 void Release(Workspace& ws, Element& moved) {
@@ -83,15 +102,15 @@ QString picTemp_MouseDown(Workspace& ws, int Button, int /*Shift*/, int j, float
     return {};
 }
 
-void imgPicture_MouseMove(Workspace& ws, int Button, int /*Shift*/, int j, float X, float Y) {
+void imgPicture_MouseMove(Workspace& ws, int Button, int Shift, int j, float X, float Y) {
     if (Button != 1 || !ws.picPlaceholder.exists(j)) return;
-    DragBy(ws, ws.picPlaceholder(j), X, Y);
+    DragBy(ws, ws.picPlaceholder(j), Shift, X, Y);
 }
 
-void picTemp_MouseMove(Workspace& ws, int Button, int /*Shift*/, int j, float X, float Y) {
+void picTemp_MouseMove(Workspace& ws, int Button, int Shift, int j, float X, float Y) {
     if (!ws.picTemp.exists(j)) return;
     if (Button == 1) {
-        if (IsReminder(ws, j)) DragBy(ws, ws.picTemp(j), X, Y);
+        if (IsReminder(ws, j)) DragBy(ws, ws.picTemp(j), Shift, X, Y);
         return;
     }
     if (Button == 0 && IsReminder(ws, j)) ws.picTemp(j).ToolTipText = ReminderTip(ws, j);

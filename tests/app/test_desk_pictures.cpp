@@ -7,6 +7,7 @@
 #include "app/WorkspaceFile.h"
 #include "containers/Containers.h"
 #include "containers/Folding.h"
+#include "containers/Selection.h"
 #include "desk/DeskState.h"
 #include "desk/Lock.h"
 #include "desk/PictureMouse.h"
@@ -24,6 +25,7 @@ void PrintTo(const QString& s, std::ostream* os) {
 
 namespace {
 
+constexpr int kCtrl = 2;
 const QString kCat = QStringLiteral("/pictures/cat.png");
 const QString kDog = QStringLiteral("/pictures/dog.jpg");
 
@@ -247,6 +249,35 @@ TEST_F(Pictures, ALeftDragMovesTheFrameAndTheReleaseKeepsItInside) {
     imgPicture_MouseUp(ws(), 1, 0, j);
     EXPECT_GE(ws().picPlaceholder(j).Left.get(), -ws().picPlaceholder(j).Width.get() / 2)
         << "kept inside its owner";
+}
+
+TEST_F(Pictures, WithCtrlTheSelectedContainersFollowTheDragAndAPlainDragDropsTheSelection) {
+    ws().menus["mnuAlign"].setChecked(false);
+    const int a = t.newContainerAt(3000, 3000);
+    const int b = t.newContainerAt(6000, 3000);
+    const int j = AddByMenu(kCat, 900, 1200);
+    SelectGroup(ws(), a);
+    SelectGroup(ws(), b);
+    imgPicture_MouseDown(ws(), 1, kCtrl, j, 150, 150);
+    imgPicture_MouseMove(ws(), 1, kCtrl, j, 450, 350);
+    EXPECT_EQ(ws().picPlaceholder(j).Left.get(), 1200.0f);
+    EXPECT_EQ(ws().Group(a).Left.get(), 3300.0f) << "followed during the drag";
+    EXPECT_EQ(ws().Group(a).Top.get(), 3200.0f);
+    EXPECT_EQ(ws().Group(b).Left.get(), 6300.0f);
+    imgPicture_MouseMove(ws(), 1, kCtrl, j, 250, 150);
+    EXPECT_EQ(ws().Group(a).Left.get(), 3400.0f);
+    EXPECT_EQ(ws().Group(a).Top.get(), 3200.0f);
+    imgPicture_MouseUp(ws(), 1, kCtrl, j);
+    EXPECT_EQ(ws().Group(a).Left.get(), 3400.0f) << "placed where it followed to";
+    EXPECT_EQ(ws().Group(b).Left.get(), 6400.0f);
+    EXPECT_TRUE(ws().lblName(a).FontBold.get());
+    // A plain drag clears the selection and moves the picture alone.
+    imgPicture_MouseDown(ws(), 1, 0, j, 150, 150);
+    imgPicture_MouseMove(ws(), 1, 0, j, 250, 150);
+    EXPECT_FALSE(ws().lblName(a).FontBold.get());
+    EXPECT_FALSE(ws().lblName(b).FontBold.get());
+    EXPECT_EQ(ws().Group(a).Left.get(), 3400.0f);
+    EXPECT_EQ(ws().picPlaceholder(j).Left.get(), 1400.0f);
 }
 
 TEST_F(Pictures, ALockedWorkspaceOrALockedPictureDoesNotMove) {
