@@ -2,27 +2,36 @@
 
 #include "app/MainWindow.h"
 #include "app/WorkspaceFile.h"
+#include "app/files/AtomicFile.h"
 #include "app/workspace/Workspace.h"
 #include "window/AutoHide.h"
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
+
+#include <cstdio>
 
 namespace pd {
 
 void CheckRecoveryAtStart(Workspace& ws) {
+    if (ws.DataPath.isEmpty()) return;
+    // Temporary files of saves that a crash cut short: the files they were to replace are whole.
+    static const QRegularExpression files(QStringLiteral("^Perchdock\\.(ini|REC)$"));
+    RemoveLeftoverTemporaries(ws.DataPath, files);
     const QString rec = ws.dataFile(QString::fromLatin1(kRecoveryFile));
-    if (ws.DataPath.isEmpty() || !QFileInfo(rec).isFile()) return;
+    if (!QFileInfo(rec).isFile()) return;
     const QString text = QStringLiteral("RECOVERY: Perchdock was not closed properly. Load the newer backed-up recovery "
                                         "file?\r\n\r\nThe file name is Perchdock.REC");
     const int answer =
         ws.platform.messageBox(text, MsgStyle::YesNoWarning, QStringLiteral("Perchdock - Recover Last Session"));
     if (answer == MsgAnswer::Yes) {
         const QString ini = ws.dataFile(QString::fromLatin1(kWorkspaceFile));
-        // rename() does not replace; the old clean file goes first.
-        QFile::remove(ini);
-        QFile::rename(rec, ini);
+        // One step replaces the clean file, so that there is a whole workspace file at every moment.
+        // When it fails the recovery file stays, and the question comes again at the next start.
+        ::rename(QFile::encodeName(rec).constData(), QFile::encodeName(ini).constData());
+        return;
     }
     QFile::remove(rec);
 }

@@ -2,6 +2,7 @@
 
 #include "app/ObjectRecords.h"
 #include "app/WorkspaceFile.h"
+#include "app/files/AtomicFile.h"
 #include "app/files/TextFile.h"
 #include "app/files/Values.h"
 #include "app/workspace/Workspace.h"
@@ -15,6 +16,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QSet>
 
 #include <algorithm>
@@ -308,8 +310,18 @@ void WriteContainerFiles(Workspace& ws) {
         // known from the last read or write, so an unchanged container costs no disk access at all.
         auto known = ws.SavedContainerFiles.find(name);
         if (known != ws.SavedContainerFiles.end() && known->second == bytes) continue;
-        if (WriteFileAtomically(path, bytes)) ws.SavedContainerFiles[name] = bytes;
-        else ws.SavedContainerFiles.erase(name);
+        if (WriteFileAtomically(path, bytes)) {
+            ws.SavedContainerFiles[name] = bytes;
+            continue;
+        }
+        // The write failed (a full disk, say) and the file keeps what it held, or is still missing. The
+        // save ends here and the files after it keep their last version too: the numbering shifts when a
+        // container goes, so writing on could overwrite the only copy of a container that this file
+        // still holds, and a new file past a missing one would be lost behind the gap at the next load.
+        // The record marks the file as unknown (no bytes match), so the next save writes it and all the
+        // rest that differ, and a left-over file is still removed when it is no longer needed.
+        ws.SavedContainerFiles[name] = QByteArray();
+        return;
     }
     // Files no longer needed go last, so that a crash before this point loses nothing. The folder is
     // looked at once, for files this program did not write; after that the record of its own files
@@ -331,6 +343,9 @@ void WriteContainerFiles(Workspace& ws) {
 void ReadContainerFiles(Workspace& ws) {
     const QDir dir(ContainersDir(ws));
     if (ws.DataPath.isEmpty() || !dir.exists()) return;
+    // Temporary files of writes that a crash cut short hold nothing that the numbered files lack.
+    static const QRegularExpression numbered(QStringLiteral("^(0|[1-9][0-9]*)\\.con$"));
+    RemoveLeftoverTemporaries(dir.path(), numbered);
     for (int n = 0;; ++n) {
         const QString path = dir.filePath(QString::number(n) + QStringLiteral(".con"));
         if (!QFileInfo(path).isFile()) break; // a gap in the numbering ends the load
