@@ -2,12 +2,13 @@
 # Fuzzing campaign: runs each libFuzzer target of a fuzz build (-DPERCHDOCK_FUZZ=ON, clang, ASan+UBSan)
 # for N minutes, one target at a time and at a low priority, and writes a summary.
 #
-#   fuzz/campaign.sh [-m MINUTES] [-b FUZZ_BUILD_DIR] [-o OUT_DIR] [TARGET ...]
+#   fuzz/campaign.sh [-m MINUTES] [-b FUZZ_BUILD_DIR] [-o OUT_DIR] [-a] [TARGET ...]
 #
 #   -m  minutes per target (default 10)
 #   -s  seconds per target instead (for a quick try of the script)
 #   -b  the fuzz build folder (default ./build-fuzz); the targets are in its fuzz/ folder
 #   -o  where logs, findings and the summary go (default <build>/fuzz/campaign)
+#   -a  add to the summary already in OUT_DIR instead of starting a new one
 #   TARGET  the targets to run (default: all of them, in the order below)
 #
 # Each target runs in libFuzzer's fork mode with one job, so that a finding does not end the run: every
@@ -15,6 +16,10 @@
 # coverage is merged into the scratch corpus of the build tree (fuzz/corpus-<seeds>), which the next
 # campaign starts from; the seed folders of the repository are only read. Where ../shared/corpus exists
 # beside the checkout, its feeds and links are read as extra seeds (by path; nothing is copied).
+#
+# The sanitizers run with a smaller quarantine, no filling of new memory and short allocation stacks,
+# which more than doubles the executions of the targets that build a whole workspace; a finding is then
+# reproduced with the default options for its full report. ASAN_OPTIONS in the environment replaces these.
 #
 # The summary (OUT_DIR/summary.md and summary.tsv) gives per target: minutes, executions, the scratch
 # corpus's size before and after, and the findings.
@@ -26,12 +31,14 @@ minutes=10
 build=$PWD/build-fuzz
 out=
 seconds=
-while getopts "m:s:b:o:h" opt; do
+append=0
+while getopts "m:s:b:o:ah" opt; do
     case $opt in
         m) minutes=$OPTARG ;;
         s) seconds=$OPTARG ;;
         b) build=$OPTARG ;;
         o) out=$OPTARG ;;
+        a) append=1 ;;
         *) sed -n '2,20p' "$0"; exit 2 ;;
     esac
 done
@@ -66,6 +73,7 @@ trap 'rm -rf "$tmp"' EXIT
 
 count() { find "$1" -maxdepth 1 -type f 2>/dev/null | wc -l; }
 
+if [ $append -eq 0 ] || [ ! -f "$out/summary.tsv" ]; then
 printf 'target\tminutes\texecutions\tcorpus_before\tcorpus_after\tcrashes\ttimeouts\tooms\tstatus\n' >"$out/summary.tsv"
 {
     echo "# Fuzzing campaign"
@@ -76,6 +84,9 @@ printf 'target\tminutes\texecutions\tcorpus_before\tcorpus_after\tcrashes\ttimeo
     echo "| target | minutes | executions | corpus before → after | crashes | timeouts | ooms |"
     echo "|---|---|---|---|---|---|---|"
 } >"$out/summary.md"
+else
+    : # the rows go on in the same table
+fi
 
 for t in "${targets[@]}"; do
     row=$(grep "^$t|" <<<"$table") || { echo "unknown target $t" >&2; continue; }
@@ -102,7 +113,7 @@ for t in "${targets[@]}"; do
     echo "$(date -u +%H:%M:%S) $t: $seconds s, corpus $before, seeds ${dirs[*]:1}"
     start=$(date +%s)
     (cd "$art" && TMPDIR=$tmp LANG=C LC_ALL=C QT_QPA_PLATFORM=offscreen \
-        ASAN_OPTIONS=${ASAN_OPTIONS:-detect_leaks=1} UBSAN_OPTIONS=${UBSAN_OPTIONS:-print_stacktrace=1} \
+        ASAN_OPTIONS=${ASAN_OPTIONS:-detect_leaks=1:max_malloc_fill_size=0:malloc_context_size=3:quarantine_size_mb=32} UBSAN_OPTIONS=${UBSAN_OPTIONS:-print_stacktrace=1} \
         nice -n 10 "$bin" "${opts[@]}" "${dirs[@]}") >"$log" 2>&1
     rc=$?
     ran=$(awk -v s=$(( $(date +%s) - start )) 'BEGIN { printf "%.1f", s / 60 }')
