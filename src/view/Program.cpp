@@ -40,6 +40,8 @@ namespace pd {
 int RunProgram(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Perchdock"));
+    // The installed desktop entry's name: Wayland compositors tie the windows to its name and icon by it.
+    QGuiApplication::setDesktopFileName(QStringLiteral("io.github.perchdock.Perchdock"));
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setWindowIcon(ProgramIcon());
     // "Verdana" and "Tahoma", which the stored files name, drawn in a similar face when absent.
