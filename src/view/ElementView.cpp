@@ -1,6 +1,7 @@
 #include "view/ElementView.h"
 
 #include "app/workspace/Workspace.h"
+#include "view/Accessibility.h"
 #include "view/ElementWidget.h"
 #include "view/Tooltips.h"
 
@@ -11,9 +12,13 @@ namespace pd {
 ElementView::ElementView(Workspace& ws, std::unordered_map<const Element*, QWidget*> windows)
     : ws_(ws), windows_(std::move(windows)) {
     for (auto& [e, w] : windows_) const_cast<Element*>(e)->viewHandle = w;
+    // Screen readers learn each element's role and name from the workspace.
+    InstallAccessibility();
+    SetAccessibleWorkspace(&ws_);
 }
 
 ElementView::~ElementView() {
+    if (AccessibleWorkspace() == &ws_) SetAccessibleWorkspace(nullptr);
     if (ws_.sink == this) ws_.sink = nullptr;
 }
 
@@ -129,6 +134,8 @@ void ElementView::elementChanged(Element& e, Prop p) {
     case Prop::ToolTipText: {
         // Texts keep CR LF line breaks; the tip shows them as lines, at most 400 pixels wide.
         w->setToolTip(PrepareTip(e.ToolTipText.get()));
+        // A picture button is named by its tip.
+        NotifyAccessibleNameChanged(w);
         break;
     }
     case Prop::Picture:

@@ -2,6 +2,7 @@
 
 #include "app/elements/Element.h"
 #include "platform/qt/FileIcons.h"
+#include "view/Accessibility.h"
 
 #include <QPainterPath>
 #include <algorithm>
@@ -63,6 +64,7 @@ ElementWidget::ElementWidget(Element& e, QWidget* parent) : QWidget(parent), e_(
             if (onReturn) onReturn(*this);
         });
         line_->installEventFilter(this);
+        line_->setAccessibleName(QStringLiteral("Container name"));
     } else if (e.Name() == QLatin1String("txtNote")) {
         note_ = new QPlainTextEdit(this);
         note_->setFrameShape(QFrame::NoFrame);
@@ -75,6 +77,7 @@ ElementWidget::ElementWidget(Element& e, QWidget* parent) : QWidget(parent), e_(
             if (onTextEdited) onTextEdited(*this);
         });
         note_->installEventFilter(this);
+        note_->setAccessibleName(QStringLiteral("Note"));
     }
     if (hasEditor()) {
         auto* layout = new QVBoxLayout(this);
@@ -117,7 +120,13 @@ void ElementWidget::mirror(Prop p) {
     case Prop::FontBold:
     case Prop::FontSize:
     case Prop::FontName: syncEditor(); break;
-    case Prop::Caption: setAccessibleName(e_.Caption.get()); break;
+    case Prop::Caption:
+        setAccessibleName(e_.Caption.get());
+        NotifyAccessibleNameChanged(this);
+        // A container is named by its title.
+        for (Element* c = e_.Container(); c && e_.Name() == QLatin1String("lblName"); c = c->Container())
+            NotifyAccessibleNameChanged(static_cast<QWidget*>(c->viewHandle));
+        break;
     case Prop::MousePointer: setCursor(PointerShape(e_.MousePointer)); break;
     default: break;
     }

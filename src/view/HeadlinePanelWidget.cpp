@@ -3,6 +3,7 @@
 
 #include "feeds/HeadlinePanel.h"
 #include "view/RichLabel.h"
+#include "view/Accessibility.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -62,6 +63,7 @@ HeadlinePanelWidget::HeadlinePanelWidget(UserControl1& panel, float twipsPerPixe
     : QWidget(parent), p_(panel), tx_(twipsPerPixelX > 0 ? twipsPerPixelX : 15),
       ty_(twipsPerPixelY > 0 ? twipsPerPixelY : 15) {
     setObjectName(QStringLiteral("UserControl1"));
+    setAccessibleName(QStringLiteral("Headlines"));
     back_ = new QWidget(this);
     back_->setObjectName(QStringLiteral("picBack"));
     back_->setMouseTracking(true);
@@ -143,7 +145,11 @@ void HeadlinePanelWidget::sync() {
             rows_.push_back(label);
         }
         RichLabel* label = rows_[r];
-        label->setText(row.Text);
+        if (label->Text() != row.Text) {
+            label->setText(row.Text);
+            // A screen reader reads the row by its headline.
+            NotifyAccessibleNameChanged(label);
+        }
         label->setForeColor(row.ForeColor);
         label->setBackColor(row.BackColor);
         label->setTransparent(row.Transparent);

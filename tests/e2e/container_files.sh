@@ -36,18 +36,18 @@ write_workspace_file() {
 
 # The fields of the next container file; set them, then call write_container_file N.
 # CON_NOTE holds the note's lines separated by newlines (empty: no text); CON_LINKS the number of
-# [Link] records: web addresses (type 1) at LinkY 400, 700, ... inside the container.
+# [Link] records: web addresses (type 1) at LinkX CON_LINK_X and LinkY 400, 700, ... inside the container.
 con_defaults() {
   CON_PARENT=-1 CON_NAME=Container CON_BACK=2688768 CON_FORE=16777215 CON_NOTE_ON=0 CON_NOTE=
-  CON_FOLDED=0 CON_FLIPPED=0 CON_SHRINK=0 CON_X=600 CON_Y=200 CON_W=3000 CON_H=3000 CON_LINKS=0
+  CON_FOLDED=0 CON_FLIPPED=0 CON_SHRINK=0 CON_X=600 CON_Y=200 CON_W=3000 CON_H=3000 CON_LINKS=0 CON_LINK_X=120
 }
 
 write_container_file() {
-  local n=$1 k parent back fore x y w h ly line size type
+  local n=$1 k parent back fore x y w h lx ly line size type
   mkdir -p "$CON_DIR"
   if [ "$CON_PARENT" = -1 ]; then parent=-1; else numv parent "$CON_PARENT"; fi
   numv back "$CON_BACK"; numv fore "$CON_FORE"
-  numv x "$CON_X"; numv y "$CON_Y"; numv w "$CON_W"; numv h "$CON_H"; numv size 10; numv type 1
+  numv x "$CON_X"; numv y "$CON_Y"; numv w "$CON_W"; numv h "$CON_H"; numv size 10; numv type 1; numv lx "$CON_LINK_X"
   {
     crlf_lines '[1.05]' '[Container]' "$parent" '[Name]' "$CON_NAME" '[Backcolor]' "$back" \
       '[Forecolor]' "$fore" '[Icon]' '' '[CopyPath]' '' '[RefreshOnExpand]' False \
@@ -58,7 +58,7 @@ write_container_file() {
       '[X]' "$x" '[Y]' "$y" '[W]' "$w" '[H]' "$h"
     for ((k = 0; k < CON_LINKS; k++)); do
       numv ly $((400 + 300 * k))
-      crlf_lines '[Link]' '[Size]' "$size" '[LinkX]' ' 120 ' '[LinkY]' "$ly" \
+      crlf_lines '[Link]' '[Size]' "$size" '[LinkX]' "$lx" '[LinkY]' "$ly" \
         '[LinkLabel]' "Page $n.$k" '[LinkType]' "$type" '[LinkPath]' "https://example.org/$n/$k" \
         '[LinkParam]' '' '[Color]' -1 '[Bold]' 0 '[Confirm]' 0 '[Command]' ' 0 ' '[Icon]' '' \
         '[GROUP]' "tag$((n % 3))" '[EXCLUSIVE]' 0

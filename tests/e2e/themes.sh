@@ -59,7 +59,7 @@ for theme in "${THEMES[@]}"; do
   LABEL=$(theme_value "$theme" '[ContainerLabel]')
   NOTE_BACK=$(theme_value "$theme" '[ContainerTextBack]')
   con_defaults
-  CON_NAME="Everyday" CON_BACK=$CONTAINER CON_FORE=$LABEL CON_X=600 CON_Y=600 CON_W=3300 CON_H=3000 CON_LINKS=4
+  CON_NAME="Everyday" CON_BACK=$CONTAINER CON_FORE=$LABEL CON_X=600 CON_Y=600 CON_W=3300 CON_H=3000 CON_LINKS=4 CON_LINK_X=420
   write_container_file 0
   con_defaults
   CON_NAME="Notes" CON_BACK=$CONTAINER CON_FORE=$LABEL CON_X=4500 CON_Y=600 CON_W=3300 CON_H=3000
@@ -67,7 +67,7 @@ for theme in "${THEMES[@]}"; do
   write_container_file 1
   con_defaults
   CON_NAME="Archive" CON_BACK=$CONTAINER CON_FORE=$LABEL CON_X=8400 CON_Y=600 CON_W=3300 CON_H=3000 CON_FOLDED=1
-  CON_LINKS=2
+  CON_LINKS=2 CON_LINK_X=420
   write_container_file 2
 
   start_program
