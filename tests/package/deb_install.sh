@@ -6,7 +6,8 @@
 # then starts on a private Xvfb display with a fresh HOME and data folder (tests/e2e/lib.sh): its window
 # must appear, the data folder must be made with the themes copied from the installed program's folder
 # (so the program found its own files through the link), and a screenshot goes to the artefact folder.
-# SIGTERM ends it; the workspace file must be written. The package is removed however the test ends.
+# `perchdock --toggle` from the PATH must hide the window and show it again. SIGTERM ends it; the
+# workspace file must be written. The package is removed however the test ends.
 #
 # Needs root (or sudo) and Debian 12 with apt; CI runs it from scripts/test.sh on build-ci.
 # Usage: deb_install.sh <build folder>
@@ -84,6 +85,19 @@ themes=("$DATA"/Skin/*.pkt)
 sleep 0.5
 screenshot "$ARTIFACTS/deb-install.png"
 log "screenshot $ARTIFACTS/deb-install.png"
+
+# The command that desktops bind (the desktop entry's action, a Wayland shortcut), found on the PATH:
+# it hides the running window, and the next one shows it again.
+[ "$(command -v perchdock)" = /usr/bin/perchdock ] || fail "perchdock on the PATH is $(command -v perchdock)"
+timeout 10 perchdock --toggle >>"$LOG" 2>&1 || fail "perchdock --toggle ended with status $?"
+wait_window_hidden "$MAIN_ID" 10 || fail "the window is still shown after perchdock --toggle"
+timeout 10 perchdock --toggle >>"$LOG" 2>&1 || fail "the second perchdock --toggle ended with status $?"
+end=$((SECONDS + 10))
+until is_viewable "$MAIN_ID"; do
+  [ $SECONDS -lt $end ] || fail "the window is not shown again after the second perchdock --toggle"
+  sleep 0.2
+done
+log "perchdock --toggle hid the window and showed it again"
 
 stop_program "$PROGRAM_PID"
 [ "$EXIT_STATUS" -eq 0 ] || fail "exit status $EXIT_STATUS after SIGTERM"
