@@ -23,15 +23,9 @@ log "main window at $WX,$WY, ${WW}x$WH"
 
 # --- a picture: right click on the background, "New &Picture...", the file dialog ---
 bx=$((WX + 300)) by=$((WY + 250))
-xdotool mousemove "$bx" "$by"
-sleep 0.3
-xdotool click 3
-wait_popup "$PROGRAM_PID"
-sleep 0.3
-menu_choose "$PROGRAM_PID" p
-wait_window '^Add Picture$' _NET_WM_WINDOW_TYPE_DIALOG 20
+popup_at "$bx" "$by"
+dialog_from_menu p '^Add Picture$'
 dialog=$FOUND_ID
-focus_window "$dialog"
 xdotool type --delay 20 "$PICTURE"
 xdotool key Return
 wait_window_hidden "$dialog" 10 || fail "the picture's file dialog did not close on Return"
@@ -43,15 +37,9 @@ done
 log "picture added and saved"
 
 # --- a reminder: right click further right, "New R&eminder...", the dialog ---
-xdotool mousemove $((bx + 300)) "$by"
-sleep 0.3
-xdotool click 3
-wait_popup "$PROGRAM_PID"
-sleep 0.3
-menu_choose "$PROGRAM_PID" e
-wait_window '^Reminder$' _NET_WM_WINDOW_TYPE_DIALOG 20
+popup_at $((bx + 300)) "$by"
+dialog_from_menu e '^Reminder$'
 dialog=$FOUND_ID
-focus_window "$dialog"
 # One minute ahead, or two when the minute is about to turn (the present minute counts as past).
 ahead=1
 [ "$(date +%-S)" -lt 45 ] || ahead=2

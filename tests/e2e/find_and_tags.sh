@@ -35,15 +35,9 @@ log "main window at $WX,$WY, ${WW}x$WH"
 
 # Makes a file shortcut for $1 through the background's menu opened at ($2, $3).
 add_file_shortcut() {
-  xdotool mousemove "$2" "$3"
-  sleep 0.3
-  xdotool click 3
-  wait_popup "$PROGRAM_PID"
-  sleep 0.3
-  menu_choose "$PROGRAM_PID" l
-  wait_window '^Add File Shortcut$' _NET_WM_WINDOW_TYPE_DIALOG 20
+  popup_at "$2" "$3"
+  dialog_from_menu l '^Add File Shortcut$'
   local dialog=$FOUND_ID
-  focus_window "$dialog"
   xdotool type --delay 20 "$1"
   xdotool key Return
   wait_window_hidden "$dialog" 10 || fail "the file dialog did not close on Return"
@@ -98,11 +92,7 @@ before=$(colours_at $((bx + 20)) $((by + 2)))
 [ "$before" -gt 1 ] || fail "the label of write-marker does not show before the filter ($before colours)"
 
 # --- the tag filter from the real menu: "&Tags" > "home" ---
-xdotool mousemove $((WX + 700)) $((WY + 450))
-sleep 0.3
-xdotool click 3
-wait_popup "$PROGRAM_PID"
-sleep 0.3
+popup_at $((WX + 700)) $((WY + 450))
 xdotool key t
 sleep 0.5
 # The submenu opens on "Show All"; below it a line, then the tags in order of first appearance:
@@ -119,11 +109,7 @@ other=$(colours_at $((bx + 20)) $((by + 122)))
 log "the filter by 'home' hid the other shortcut"
 
 # "Show All" brings it back.
-xdotool mousemove $((WX + 700)) $((WY + 450))
-sleep 0.3
-xdotool click 3
-wait_popup "$PROGRAM_PID"
-sleep 0.3
+popup_at $((WX + 700)) $((WY + 450))
 xdotool key t
 sleep 0.5
 # "Show All" is the entry the submenu opens on.

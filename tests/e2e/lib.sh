@@ -259,11 +259,25 @@ open_main_menu() {
   # The title band lies 8 px from the window's left edge and about 5 px from its top edge.
   local x=$((WX + 30)) y=$((WY + 8))
   [ "$y" -ge 0 ] || y=0
-  xdotool mousemove "$x" "$y"
+  popup_at "$x" "$y" "$1"
+}
+
+# A right click at screen point $1, $2, then waits for the pop-up menu of process $3 (default: the
+# program under test).
+popup_at() {
+  xdotool mousemove "$1" "$2"
   sleep 0.3
   xdotool click 3
-  wait_popup "$1"
+  wait_popup "${3:-$PROGRAM_PID}"
   sleep 0.3
+}
+
+# Chooses the entry with mnemonic $1 in the open menu of the program under test and waits for the
+# dialog whose title matches $2, which then gets the focus; its id is left in FOUND_ID.
+dialog_from_menu() {
+  menu_choose "$PROGRAM_PID" "$1"
+  wait_window "$2" _NET_WM_WINDOW_TYPE_DIALOG 20
+  focus_window "$FOUND_ID"
 }
 
 # True while process $1 shows a pop-up menu.

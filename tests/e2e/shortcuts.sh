@@ -31,15 +31,9 @@ log "main window at $WX,$WY, ${WW}x$WH"
 
 # A right click on the bare background opens the main menu; a new shortcut goes where it opened.
 bx=$((WX + 300)) by=$((WY + 250))
-xdotool mousemove "$bx" "$by"
-sleep 0.3
-xdotool click 3
-wait_popup "$PROGRAM_PID"
-sleep 0.3
-menu_choose "$PROGRAM_PID" l
-wait_window '^Add File Shortcut$' _NET_WM_WINDOW_TYPE_DIALOG 20
+popup_at "$bx" "$by"
+dialog_from_menu l '^Add File Shortcut$'
 dialog=$FOUND_ID
-focus_window "$dialog"
 xdotool type --delay 20 "$TARGET"
 xdotool key Return
 wait_window_hidden "$dialog" 10 || fail "the file dialog did not close on Return"
@@ -51,15 +45,9 @@ done
 log "file shortcut made and saved"
 
 # The web shortcut, from a right click further down.
-xdotool mousemove "$bx" $((by + 120))
-sleep 0.3
-xdotool click 3
-wait_popup "$PROGRAM_PID"
-sleep 0.3
-menu_choose "$PROGRAM_PID" w
-wait_window '^Add URL$' _NET_WM_WINDOW_TYPE_DIALOG 20
+popup_at "$bx" $((by + 120))
+dialog_from_menu w '^Add URL$'
 dialog=$FOUND_ID
-focus_window "$dialog"
 # The address line holds "http://", all selected: typing replaces it.
 xdotool type --delay 20 "$URL"
 xdotool key Return
