@@ -3,6 +3,7 @@
 #include "app/WorkspaceFile.h"
 #include "app/workspace/Workspace.h"
 #include "containers/Folding.h"
+#include "containers/Selection.h"
 #include "desk/Notes.h"
 #include "shortcuts/FindState.h"
 #include "shortcuts/JumpTo.h"
@@ -82,7 +83,9 @@ bool Form_KeyDown(Workspace& ws, int KeyCode, int Shift) {
         case 'L':
             return Run(ws, "mnuLock");
         case 'Z':
-            return Run(ws, "mnuUndoMove");
+            // Undo of the last container move; it has no menu entry.
+            UndoMove(ws);
+            return true;
         case kKeyF1:
             return Run(ws, "mnuShrinkAll");
         case kKeyF1 + 1:
@@ -94,7 +97,8 @@ bool Form_KeyDown(Workspace& ws, int KeyCode, int Shift) {
         }
     }
     if (Shift == 4) return KeyCode == kKeyF1 + 3 && Run(ws, "mnuExitMainWin");
-    if (Shift == 1) return false;
+    // Shift+Del deletes the selected shortcuts, as the entry's accelerator says.
+    if (Shift == 1) return KeyCode == kKeyDelete && Run(ws, "mnuDeleteSelected");
     switch (KeyCode) {
     case kKeyF1:
         return Run(ws, "mnuTips");
@@ -180,6 +184,26 @@ void WireWindowServices(Workspace& ws) {
     ws.menus["mnuTranslucent"].onClick = [w] { mnuTranslucent_Click(*w); };
     ws.menus["mnuGlobalHotkey"].onClick = [w] { RestartSetting(*w, "mnuGlobalHotkey"); };
     ws.menus["mnuDropShadow"].onClick = [w] { RestartSetting(*w, "mnuDropShadow"); };
+    // F1: the keys of the workspace, in a box (an entry of no menu).
+    if (!ws.menus.has(QStringLiteral("mnuTips"))) ws.menus.add(QStringLiteral("mnuTips"), QStringLiteral("&Tips"));
+    ws.menus["mnuTips"].onClick = [w] { mnuTips_Click(*w); };
 }
+
+QString KeyTipsText() {
+    return QStringLiteral(
+        "Keys of the workspace\r\n\r\n"
+        "A letter or digit: find a shortcut by its label (Enter starts it, Del deletes it, Esc clears)\r\n"
+        "Enter: start the selected shortcut | Del, Shift+Del: delete the selected shortcuts\r\n"
+        "Space: open the next container | Esc: dock the workspace\r\n"
+        "F1: these tips | F2: shortcut properties | F4: display properties | F5: refresh the shortcuts\r\n"
+        "F8: save the workspace | F9: transparent | F11: refresh all feeds | F12: feed viewer\r\n"
+        "Ctrl+C: new container | Ctrl+N: new note | Ctrl+W: new web shortcut | Ctrl+F: new file shortcut\r\n"
+        "Ctrl+D: new folder shortcut | Ctrl+P: new picture | Ctrl+R: new reminder | Ctrl+E: new feed\r\n"
+        "Ctrl+S: search the feeds | Ctrl+V: paste shortcuts | Ctrl+A: select all | Ctrl+U: unselect all\r\n"
+        "Ctrl+L: lock or unlock | Ctrl+Z: undo a container move | Ctrl+F1: shrink all | Ctrl+F2: fold all\r\n"
+        "Alt+F4: exit");
+}
+
+void mnuTips_Click(Workspace& ws) { ws.platform.messageBox(KeyTipsText(), MsgStyle::Information); }
 
 } // namespace pd

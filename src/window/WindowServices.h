@@ -2,6 +2,8 @@
 // The services around the workspace window: the key table of the window, translucency, the hot key's
 // toggle, the settings that need a restart, and throwing away mouse input after long operations.
 
+#include <QString>
+
 namespace pd {
 
 class Workspace;
@@ -31,6 +33,10 @@ bool ToggleWorkspace(Workspace& ws);
 
 // Removes the mouse input that waits, so that clicks made during a long operation do nothing.
 void FlushMouseEvents(Workspace& ws);
+
+// F1: a box that lists the keys of the workspace, and its text.
+void mnuTips_Click(Workspace& ws);
+QString KeyTipsText();
 
 // The commands of the settings above; before the generic check-mark toggles are wired.
 void WireWindowServices(Workspace& ws);
