@@ -68,11 +68,20 @@ ConColorsWindow::ConColorsWindow(Workspace& ws)
     buttons->addWidget(ok);
     buttons->addWidget(cancel);
     grid->addLayout(buttons, 2, 0, 1, 3);
+    // Tab row by row: each colour box, then the button beside it; then OK and Cancel. The first colour
+    // box has the focus when the window opens.
+    setTabOrder(back_, sw);
+    setTabOrder(sw, fore_);
+    setTabOrder(fore_, reset);
+    setTabOrder(reset, ok);
+    setTabOrder(ok, cancel);
+    back_->setFocus();
 
     ThemeState& t = Themes(ws_);
     t.ConColors.onChanged = [this] { sync(); };
     t.onShowConColors = [this] {
         sync();
+        back_->setFocus();
         show();
         raise();
         activateWindow();

@@ -10,6 +10,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+
+#include <iterator>
 #include <QTimer>
 
 namespace pd {
@@ -137,6 +139,10 @@ EditLinkDialog::EditLinkDialog(Workspace& ws, FrmEditLink& form, QWidget* parent
     });
     connect(cancel, &QPushButton::clicked, this, [this] { reject(); });
     form_.onChanged = [this] { load(); };
+    // Tab in reading order: each browse button after the field it fills, then the style, then the buttons.
+    QWidget* order[] = {txtLabel_, txtPath_,  cmdBrowse_, txtParam_, txtIcon_, cmdChooseFileIcon_, txtSize_,
+                        picLinkColor_, chkBold_, chkConfirm_, chkCommand_, reset, ok, cancel};
+    for (size_t i = 1; i < std::size(order); ++i) setTabOrder(order[i - 1], order[i]);
     load();
 }
 

@@ -153,6 +153,10 @@ RSSSearchDialog::RSSSearchDialog(Workspace& ws, FrmRSSSearch& form, QWidget* par
     };
     connect(chkHeadline_, &QCheckBox::toggled, this, check);
     connect(chkFull_, &QCheckBox::toggled, this, check);
+    // Tab in reading order: the search text, the results under it, then the two boxes at the bottom.
+    setTabOrder(txtSearch_, txtRSS_);
+    setTabOrder(txtRSS_, chkHeadline_);
+    setTabOrder(chkHeadline_, chkFull_);
     f_.onChanged = [this] { sync(); };
     resize(static_cast<int>(f_.Width / 15), static_cast<int>(f_.Height / 15));
     sync();

@@ -24,6 +24,8 @@
 
 #include <algorithm>
 
+#include <iterator>
+
 namespace pd {
 
 namespace {
@@ -332,6 +334,17 @@ void PropertiesWindow::build() {
     bottom->addWidget(cancel);
     bottom->addWidget(cmdApply_);
     grid->addLayout(bottom, 3, 0, 1, 3);
+
+    // Tab reads the groups as they stand: Colors, then Wallpaper and the Buttons and Text under it, then
+    // Themes, Settings and the buttons.
+    const char* const tabOrder[] = {"chkStretch", "CboButtons",    "txtIconSize",     "CmdFont",
+                                    "CboThemes",  "ListColors",    "cmdSaveColors",   "cmdDeleteColors",
+                                    "cmdContainersSettings"};
+    for (size_t i = 1; i < std::size(tabOrder); ++i) {
+        QWidget* a = findChild<QWidget*>(QString::fromLatin1(tabOrder[i - 1]));
+        QWidget* b = findChild<QWidget*>(QString::fromLatin1(tabOrder[i]));
+        if (a && b) setTabOrder(a, b);
+    }
 }
 
 void PropertiesWindow::sync() {
