@@ -4,6 +4,8 @@
 #include "app/workspace/Workspace.h"
 #include "view/ElementWidget.h"
 #include "view/RichLabel.h"
+#include "view/ToolbarWindow.h"
+#include "window/FloatingToolbar.h"
 
 #include <QAccessibleWidget>
 #include <QApplication>
@@ -11,6 +13,9 @@
 #include <QMouseEvent>
 #include <QPointer>
 #include <QTextDocumentFragment>
+#include <QWindow>
+
+#include <vector>
 
 namespace pd {
 
@@ -47,10 +52,10 @@ QString ContainerTitle(int i) {
     return const_cast<Workspace*>(g_workspace)->lblName(i).Caption.get();
 }
 
-// A left click in the middle of the widget, as the mouse gives it: the press action of a clickable
-// element or label.
-void Click(QWidget* w) {
-    const QPointF local(w->width() / 2.0, w->height() / 2.0);
+// A left click at `local` in the widget (its middle by default), as the mouse gives it: the press action
+// of a clickable element, label or toolbar icon.
+void Click(QWidget* w, QPointF local = QPointF(-1, -1)) {
+    if (local.x() < 0) local = QPointF(w->width() / 2.0, w->height() / 2.0);
     const QPointF global = w->mapToGlobal(local);
     QMouseEvent press(QEvent::MouseButtonPress, local, global, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(w, &press);
@@ -189,6 +194,105 @@ class RichLabelAccessible : public ClickableAccessible {
     bool clickable() const override { return isRow(); }
 };
 
+// One icon of the floating toolbar, which the toolbar paints itself: a push button named by its tip
+// ("New Note"), with its key as the key of the press action ("Ctrl+N"); the close mark is the last.
+class ToolbarIconAccessible : public QAccessibleInterface, public QAccessibleActionInterface {
+  public:
+    ToolbarIconAccessible(ToolbarWindow* bar, int n) : bar_(bar), n_(n) {}
+
+    bool isValid() const override { return !bar_.isNull(); }
+    QObject* object() const override { return nullptr; }
+    QWindow* window() const override { return bar_ ? bar_->windowHandle() : nullptr; }
+    QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(bar_.data()); }
+    QAccessibleInterface* child(int) const override { return nullptr; }
+    int childCount() const override { return 0; }
+    int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+    QAccessibleInterface* focusChild() const override { return nullptr; }
+    QAccessible::Role role() const override { return QAccessible::Button; }
+    QAccessible::State state() const override {
+        QAccessible::State s;
+        if (!bar_ || !bar_->isVisible()) s.invisible = true;
+        return s;
+    }
+    QString text(QAccessible::Text t) const override {
+        if (isClose()) return t == QAccessible::Name ? QStringLiteral("Close") : QString();
+        const QString tip = ToolbarTipText(n_);
+        const int bar = static_cast<int>(tip.indexOf(QLatin1String(" | ")));
+        if (t == QAccessible::Name) return bar < 0 ? tip : tip.left(bar);
+        if (t == QAccessible::Accelerator) return bar < 0 ? QString() : tip.mid(bar + 3);
+        return {};
+    }
+    void setText(QAccessible::Text, const QString&) override {}
+    QRect rect() const override {
+        const QRect local = cell();
+        return bar_ && local.isValid() ? QRect(bar_->mapToGlobal(local.topLeft()), local.size()) : QRect();
+    }
+    void* interface_cast(QAccessible::InterfaceType t) override {
+        return t == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this) : nullptr;
+    }
+
+    QStringList actionNames() const override { return {pressAction()}; }
+    void doAction(const QString& action) override {
+        const QRect c = cell();
+        if (action == pressAction() && bar_ && c.isValid()) Click(bar_.data(), QRectF(c).center());
+    }
+    QStringList keyBindingsForAction(const QString& action) const override {
+        const QString key = text(QAccessible::Accelerator);
+        return action == pressAction() && !key.isEmpty() ? QStringList{key} : QStringList();
+    }
+
+  private:
+    bool isClose() const { return n_ >= kToolbarIcons; }
+    // The cell of the icon (or the close mark) in the toolbar's pixels, found by asking the toolbar.
+    QRect cell() const {
+        if (!bar_) return {};
+        QRect r;
+        for (int y = 0; y < bar_->height(); ++y)
+            for (int x = 0; x < bar_->width(); ++x) {
+                const QPoint p(x, y);
+                if (isClose() ? bar_->onCloseMark(p) : bar_->iconAt(p) == n_) r |= QRect(p, QSize(1, 1));
+            }
+        return r;
+    }
+    QPointer<ToolbarWindow> bar_;
+    int n_;
+};
+
+// The floating toolbar: a tool bar whose children are its icons and its close mark.
+class ToolbarAccessible : public QAccessibleWidget {
+  public:
+    explicit ToolbarAccessible(ToolbarWindow* w) : QAccessibleWidget(w, QAccessible::ToolBar) {
+        for (int n = 0; n <= kToolbarIcons; ++n)
+            ids_.push_back(QAccessible::registerAccessibleInterface(new ToolbarIconAccessible(w, n)));
+    }
+    ~ToolbarAccessible() override {
+        for (QAccessible::Id id : ids_) QAccessible::deleteAccessibleInterface(id);
+    }
+    int childCount() const override { return static_cast<int>(ids_.size()); }
+    QAccessibleInterface* child(int index) const override {
+        if (index < 0 || index >= childCount()) return nullptr;
+        return QAccessible::accessibleInterface(ids_[static_cast<size_t>(index)]);
+    }
+    int indexOfChild(const QAccessibleInterface* child) const override {
+        for (size_t i = 0; i < ids_.size(); ++i)
+            if (QAccessible::accessibleInterface(ids_[i]) == child) return static_cast<int>(i);
+        return -1;
+    }
+    QAccessibleInterface* childAt(int x, int y) const override {
+        for (int i = 0; i < childCount(); ++i)
+            if (QAccessibleInterface* c = child(i); c && c->rect().contains(x, y)) return c;
+        return nullptr;
+    }
+    QString text(QAccessible::Text t) const override {
+        if (t == QAccessible::Name) return QStringLiteral("Toolbar");
+        return QAccessibleWidget::text(t);
+    }
+
+  private:
+    std::vector<QAccessible::Id> ids_;
+};
+
 bool TakesClicks(const QWidget* w) {
     return w->testAttribute(Qt::WA_SetCursor) && w->cursor().shape() == Qt::PointingHandCursor;
 }
@@ -242,6 +346,8 @@ QAccessibleInterface* Factory(const QString& className, QObject* object) {
         if (auto* w = qobject_cast<ElementWidget*>(object)) return new ElementAccessible(w);
     if (className == QLatin1String("pd::RichLabel"))
         if (auto* w = qobject_cast<RichLabel*>(object)) return new RichLabelAccessible(w);
+    if (className == QLatin1String("pd::ToolbarWindow"))
+        if (auto* w = qobject_cast<ToolbarWindow*>(object)) return new ToolbarAccessible(w);
     if (className == QLatin1String("QLabel"))
         if (auto* w = qobject_cast<QLabel*>(object)) return new LabelAccessible(w);
     return nullptr;

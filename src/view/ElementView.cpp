@@ -153,6 +153,7 @@ void ElementView::elementChanged(Element& e, Prop p) {
         else w->update();
         break;
     }
+    if (onElementChanged) onElementChanged(e, p);
 }
 
 } // namespace pd

@@ -33,6 +33,9 @@ public:
     std::function<void(Element&, Prop)> onWindowChanged;
     // What a new widget gets for its mouse presses.
     std::function<void(ElementWidget&)> onWidgetCreated;
+    // Every change of an element that has a widget, after the widget has shown it: for what the view
+    // adds over an element's own drawing.
+    std::function<void(Element&, Prop)> onElementChanged;
 
 private:
     void create(Element& e);

@@ -64,6 +64,13 @@ FeedsView::FeedsView(Workspace& ws, ElementView& view, MenuView& menus, QWidget*
         form.onChanged = nullptr;
     };
     f.onRssOverlay = [this](int i) { overlay(i); };
+    // The refresh symbol covers its label, so the label's own repaint does not reach it: it follows
+    // the label's caption, colours, place and owner as they change.
+    view.onElementChanged = [this, previous = std::move(view.onElementChanged)](Element& e, Prop p) {
+        if (previous) previous(e, p);
+        if (&e == &ws_.lblRSSRefresh(0) || (refreshSymbol_ && e.Name() == QLatin1String("grpBorder")))
+            refreshSymbol();
+    };
     // With PERCHDOCK_STALL_LOG set, the event loop's stalls are written to that file for the end-to-end
     // test: a 10 ms timer notes each gap between its ticks above 50 ms, and each end of Refresh All.
     const QString stallLog = qEnvironmentVariable("PERCHDOCK_STALL_LOG");
@@ -89,6 +96,7 @@ void FeedsView::note(const QString& what) {
 }
 
 FeedsView::~FeedsView() {
+    view_.onElementChanged = nullptr;
     if (!ws_.FeedsStateSlot) return;
     FeedsState& f = Feeds(ws_);
     f.onViewerChanged = nullptr;
@@ -166,20 +174,6 @@ void FeedsView::wireWidget(ElementWidget& w) {
     } else if (name == QLatin1String("lblRSSRefresh")) {
         w.onRelease = [&ws](ElementWidget&, QMouseEvent& ev) { lblRSSRefresh_MouseUp(ws, Button(ev)); };
         refreshSymbol();
-        // The symbol follows the caption and the owner's colours.
-        class Watch : public QObject {
-          public:
-            Watch(FeedsView* v, QObject* parent) : QObject(parent), v_(v) {}
-            bool eventFilter(QObject*, QEvent* ev) override {
-                if (ev->type() == QEvent::Paint || ev->type() == QEvent::ParentChange ||
-                    ev->type() == QEvent::Resize)
-                    v_->refreshSymbol();
-                return false;
-            }
-            FeedsView* v_;
-        };
-        // The widget owns its watch.
-        w.installEventFilter(new Watch(this, &w));
     } else if (name == QLatin1String("PicRSSRefreshALL")) {
         w.onPress = [&ws](ElementWidget&, QMouseEvent& ev) { PicRSSRefreshALL_MouseDown(ws, Button(ev)); };
         w.onRelease = [this](ElementWidget&, QMouseEvent& ev) {

@@ -17,6 +17,8 @@
 #include "view/MainView.h"
 #include "view/MenuView.h"
 #include "view/RichLabel.h"
+#include "view/ToolbarWindow.h"
+#include "window/FloatingToolbar.h"
 
 #include <QAccessible>
 #include <QAccessibleActionInterface>
@@ -211,6 +213,32 @@ TEST_F(AccessibilityTest, ADialogsButtonsAreNamedButtons) {
     ASSERT_NE(close, nullptr);
     EXPECT_EQ(Of(close)->role(), QAccessible::Button);
     EXPECT_TRUE(Of(close)->text(QAccessible::Name).startsWith(QStringLiteral("Press the Esc key")));
+}
+
+TEST_F(AccessibilityTest, TheFloatingToolbarsIconsAreButtonsWithTheirKeys) {
+    ToolbarWindow bar(ws, t.programDir());
+    bar.resize(272, 52);
+    bar.show();
+    QAccessibleInterface* a = Of(&bar);
+    ASSERT_NE(a, nullptr);
+    EXPECT_EQ(a->role(), QAccessible::ToolBar);
+    ASSERT_EQ(a->childCount(), kToolbarIcons + 1);
+    QAccessibleInterface* note = a->child(1);
+    ASSERT_NE(note, nullptr);
+    EXPECT_EQ(note->role(), QAccessible::Button);
+    EXPECT_EQ(note->text(QAccessible::Name), QStringLiteral("New Note"));
+    EXPECT_EQ(note->parent(), a);
+    EXPECT_EQ(a->indexOfChild(note), 1);
+    EXPECT_TRUE(note->rect().isValid());
+    ASSERT_NE(note->actionInterface(), nullptr);
+    EXPECT_EQ(note->actionInterface()->keyBindingsForAction(QAccessibleActionInterface::pressAction()),
+              QStringList{QStringLiteral("Ctrl+N")});
+    EXPECT_EQ(a->child(kToolbarIcons)->text(QAccessible::Name), QStringLiteral("Close"));
+    // The press action is a click on the icon: it runs the icon's command.
+    int notes = 0;
+    ws.menus["mnuNewNote"].onClick = [&notes] { ++notes; };
+    note->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(notes, 1);
 }
 
 int main(int argc, char** argv) {

@@ -27,6 +27,10 @@ Workspace::Workspace(Platform& p, Clock& c) : platform(p), clock(c) {
         (*f)(0).setContainer(&win);
     imgBack(0).setContainer(&picBack(0));
     lblRSSRefresh(0).setContainer(&picBack(0));
+    // The refresh label is one title button's size: it stands in a feed container's title band at 300
+    // twips, where a feed container shows no folder-link button.
+    lblRSSRefresh(0).Width = 240;
+    lblRSSRefresh(0).Height = 240;
     for (ElementFamily* f : {&PicLockToolbar, &PicUnLockToolbar, &PicJumpToLink, &PicJumpToLinkTop, &lblRSSRefresh,
                              &ImgLock})
         (*f)(0).Visible = false;
