@@ -8,6 +8,11 @@ committed, so a build never has to run this; re-running it reproduces the same b
     python3 tools/gen-assets.py            write every file into assets/
     python3 tools/gen-assets.py --check    regenerate in memory and compare with the files in assets/
     python3 tools/gen-assets.py --out DIR  write into DIR instead of assets/
+
+Every picture also gets a twin at double resolution for screens of two device pixels per logical pixel,
+named like "fold@2x.png" beside "fold.gif": the same drawing made at twice the pixel count (shapes are
+drawn as vectors, pixel glyphs are doubled with Scale2x so that their diagonals gain detail), written as
+PNG with smooth alpha.  The program picks the twin where the screen's ratio is above 1.
 """
 
 import argparse
@@ -17,6 +22,7 @@ import os
 import struct
 import sys
 import wave
+import zlib
 
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 ASSETS = os.path.join(ROOT, "assets")
@@ -127,6 +133,29 @@ def encode_ico(images):
         blobs.append(blob)
         offset += len(blob)
     return struct.pack("<HHH", 0, 1, len(images)) + b"".join(entries) + b"".join(blobs)
+
+
+# ---------------------------------------------------------------------------------------------------
+# PNG writer (8-bit RGBA, no filtering): the double-resolution twins, which keep smooth alpha edges
+# ---------------------------------------------------------------------------------------------------
+
+
+def encode_png(width, height, rgba):
+    """rgba: bytes row-major top-down, 4 bytes a pixel, not premultiplied."""
+    stride = width * 4
+    raw = b"".join(b"\x00" + rgba[y * stride:(y + 1) * stride] for y in range(height))
+
+    def chunk(tag, data):
+        return struct.pack(">I", len(data)) + tag + data + struct.pack(">I", zlib.crc32(tag + data) & 0xFFFFFFFF)
+
+    header = struct.pack(">IIBBBBB", width, height, 8, 6, 0, 0, 0)
+    return (b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", header) + chunk(b"IDAT", zlib.compress(raw, 9)) +
+            chunk(b"IEND", b""))
+
+
+def twin_name(rel, suffix=".png"):
+    """The double-resolution twin of an asset: "dir/name.gif" -> "dir/name@2x.png"."""
+    return os.path.splitext(rel)[0] + "@2x" + suffix
 
 
 # ---------------------------------------------------------------------------------------------------
@@ -389,23 +418,27 @@ def encode_jpeg(width, height, rgb, quality=90):
 
 
 class Canvas:
-    def __init__(self, size, ss=4, height=None):
-        # `size` is the width; a canvas is square unless a height is given.
+    def __init__(self, size, ss=4, height=None, scale=1):
+        # `size` is the width; a canvas is square unless a height is given.  Shapes are given in the
+        # coordinates of a picture `scale` times smaller: a drawing made for 16 pixels fills a canvas of
+        # 32 at scale 2.
         self.size = size
         self.height = size if height is None else height
         self.ss = ss
+        self.scale = scale
         self.px = [[0.0, 0.0, 0.0, 0.0] for _ in range(size * self.height)]  # premultiplied, 0..1
 
     def fill(self, inside, color, opacity=1.0):
         """Paints colour (r, g, b) 0..255 where the predicate inside(x, y) holds, x and y in pixels."""
         n = self.ss
+        k = self.scale
         r, g, b = (c / 255.0 for c in color)
         for y in range(self.height):
             for x in range(self.size):
                 hits = 0
                 for sy in range(n):
                     for sx in range(n):
-                        if inside(x + (sx + 0.5) / n, y + (sy + 0.5) / n):
+                        if inside((x + (sx + 0.5) / n) / k, (y + (sy + 0.5) / n) / k):
                             hits += 1
                 if not hits:
                     continue
@@ -418,10 +451,14 @@ class Canvas:
 
     def fill_gradient(self, inside, top, bottom, y0, y1):
         """Like fill, with a vertical gradient from colour `top` at y0 to `bottom` at y1."""
+        k = self.scale
         for row in range(self.height):
-            t = min(1.0, max(0.0, (row + 0.5 - y0) / (y1 - y0)))
+            t = min(1.0, max(0.0, ((row + 0.5) / k - y0) / (y1 - y0)))
             color = tuple(a + (b - a) * t for a, b in zip(top, bottom))
-            self.fill(lambda x, y, row=row: int(y) == row and inside(x, y), color)
+            self.fill(lambda x, y, row=row: int(y * k) == row and inside(x, y), color)
+
+    def png(self):
+        return encode_png(self.size, self.height, self.rgba())
 
     def rgba(self):
         out = bytearray()
@@ -787,6 +824,59 @@ def button(name, palette=None):
     return encode_gif(16, 16, palette or BUTTON_PALETTE, px, transparent=0)
 
 
+def scale2x(rows):
+    """Scale2x (EPX) of a character grid: each cell becomes four, and where two neighbours agree across
+    a corner that quarter takes their value, so that diagonal strokes come out smooth instead of in
+    doubled steps."""
+    h, w = len(rows), len(rows[0])
+    out = [[" "] * (2 * w) for _ in range(2 * h)]
+    for y in range(h):
+        for x in range(w):
+            p = rows[y][x]
+            a = rows[y - 1][x] if y > 0 else p      # above
+            b = rows[y][x + 1] if x + 1 < w else p  # right
+            c = rows[y][x - 1] if x > 0 else p      # left
+            d = rows[y + 1][x] if y + 1 < h else p  # below
+            out[2 * y][2 * x] = a if c == a and c != d and a != b else p
+            out[2 * y][2 * x + 1] = b if a == b and a != c and b != d else p
+            out[2 * y + 1][2 * x] = c if d == c and d != b and c != a else p
+            out[2 * y + 1][2 * x + 1] = d if b == d and b != a and d != c else p
+    return ["".join(r) for r in out]
+
+
+_BUTTON_BACK_2X = {}
+
+
+def button_background_2x(palette):
+    """The rounded square of button_background() drawn as a shape at 32 pixels: round anti-aliased
+    corners, an outline of one logical pixel, the highlight under the top edge and the three bands of
+    the body at the same logical heights."""
+    key = tuple(palette)
+    if key not in _BUTTON_BACK_2X:
+        c = Canvas(32, ss=4, scale=2)
+        outer = rounded_rect(0, 0, 16, 16, 3.0)
+        inner = rounded_rect(1, 1, 15, 15, 2.0)
+        c.fill(outer, palette[1])
+        c.fill(lambda x, y: inner(x, y) and y < 6, palette[3])
+        c.fill(lambda x, y: inner(x, y) and 6 <= y < 11, palette[4])
+        c.fill(lambda x, y: inner(x, y) and y >= 11, palette[5])
+        c.fill(lambda x, y: inner(x, y) and y < 2, palette[2])
+        _BUTTON_BACK_2X[key] = c
+    return _BUTTON_BACK_2X[key]
+
+
+def button_2x(name, palette=None):
+    """The double-resolution twin of button(name, palette), as PNG."""
+    palette = palette or BUTTON_PALETTE
+    back = button_background_2x(palette)
+    c = Canvas(32, ss=1)
+    c.px = [list(p) for p in back.px]
+    rows = scale2x(glyph_rows(name))
+    c.fill(lambda x, y: rows[int(y)][int(x)] == "#", palette[6])
+    c.fill(lambda x, y: rows[int(y)][int(x)] == "+", palette[7])
+    return c.png()
+
+
 BUTTON_FILES = ["shrinkall", "foldall", "rss", "lock", "unlock", "dock", "shrink", "folderoff",
                 "folderon", "noteshow", "notehide", "fold", "unfold"]
 
@@ -1139,11 +1229,12 @@ ALARM_COLORS = {
 }
 
 
-def alarm_clock(color):
+def alarm_clock(color, scale=1):
     """The program prints the reminder's date (from the first pixel row) and time (from row 17) centred
-    on the icon, so the case spans the whole width and height and the bells peep out at its corners."""
+    on the icon, so the case spans the whole width and height and the bells peep out at its corners.
+    At scale 1 a hard-edged GIF; at scale 2 its twin of twice the pixels, a PNG with smooth edges."""
     w, h = 90, 34
-    c = Canvas(w, ss=4, height=h)
+    c = Canvas(w * scale, ss=4, height=h * scale, scale=scale)
     ink = (0x22, 0x22, 0x2A)
     edge = darker(color, 0.45)
     shade = darker(color, 0.86)
@@ -1163,7 +1254,7 @@ def alarm_clock(color):
     c.fill(body, color)
     c.fill(lambda x, y: body(x, y) and y > h - 9.0, shade)
     c.fill(lambda x, y: body(x, y) and y < 5.0 and 9 < x < w - 9, tuple(min(255, v + 50) for v in color))
-    return c.gif()
+    return c.gif() if scale == 1 else c.png()
 
 
 # ---------------------------------------------------------------------------------------------------
@@ -1171,37 +1262,39 @@ def alarm_clock(color):
 # ---------------------------------------------------------------------------------------------------
 
 
-def empty_icon(size):
-    """A faint, empty rounded box; its edges lie on pixel boundaries so that it stays crisp."""
-    c = Canvas(size, ss=8)
+def empty_icon(size, scale=1):
+    """A faint, empty rounded box; its edges lie on pixel boundaries so that it stays crisp.  `scale` 2
+    draws the same box at twice the pixels (the twin)."""
+    c = Canvas(size * scale, ss=8, scale=scale)
     m, w, r = (2, 2, 5) if size >= 32 else (1, 1, 3)
     outer = rounded_rect(m, m, size - m, size - m, r)
     inner = rounded_rect(m + w, m + w, size - m - w, size - m - w, r - w)
     c.fill(inner, (0xE8, 0xEE, 0xF6), opacity=0.10)
     c.fill(minus(outer, inner), (0xD8, 0xE0, 0xEC), opacity=0.55)
-    return c.rgba()
+    return c.rgba() if scale == 1 else c.png()
 
 
-def rss_icon(size):
+def rss_icon(size, scale=1):
     """The feed symbol in white on an orange rounded square.  At 16 pixels the symbol is the button
-    set's pixel glyph, which stays sharper than a scaled drawing."""
-    c = Canvas(size, ss=8)
+    set's pixel glyph, which stays sharper than a scaled drawing.  `scale` 2 draws the twin: the same
+    icon at twice the pixels, the pixel glyph doubled with Scale2x."""
+    c = Canvas(size * scale, ss=8, scale=scale)
     r = 6.0 if size >= 32 else 3.5
     c.fill(rounded_rect(0, 0, size, size, r), (0xB8, 0x4E, 0x08))
     inner = rounded_rect(1, 1, size - 1, size - 1, r - 1)
     c.fill_gradient(inner, (0xFF, 0xA8, 0x3C), (0xEE, 0x6E, 0x0E), 1, size - 1)
     white = (0xFF, 0xFF, 0xFF)
     if size < 32:
-        rows = glyph_rows("rss")
-        c.fill(lambda x, y: rows[int(y)][int(x)] == "#", white)
-        return c.rgba()
+        rows = glyph_rows("rss") if scale == 1 else scale2x(glyph_rows("rss"))
+        c.fill(lambda x, y: rows[int(y * scale)][int(x * scale)] == "#", white)
+        return c.rgba() if scale == 1 else c.png()
     s = size / 32.0
     ox, oy = 7.5 * s, size - 7.5 * s  # the centre of the arcs
     c.fill(circle(ox + 0.5 * s, oy - 0.5 * s, 2.9 * s), white)
     for r0, r1 in ((8.4, 12.6), (15.2, 19.4)):
         arc = ring(ox - 1.0 * s, oy + 1.0 * s, r0 * s, r1 * s)
         c.fill(lambda x, y, arc=arc: arc(x, y) and x >= ox - 1.0 * s and y <= oy + 1.0 * s, white)
-    return c.rgba()
+    return c.rgba() if scale == 1 else c.png()
 
 
 # ---------------------------------------------------------------------------------------------------
@@ -1530,17 +1623,31 @@ news feeds, pictures and reminders, saved at every change as plain text files.</
 # ---------------------------------------------------------------------------------------------------
 
 
+def at_double(pixel):
+    """A wallpaper's pixel function for its twin of twice the pixels each way: the centre of each small
+    pixel, in the coordinates of the 1024x768 picture (kept inside it: the outer half pixels fall
+    outside the plain picture's pixel centres, where some pictures have no value)."""
+    return lambda x, y: pixel(min(1023.0, max(0.0, (x + 0.5) / 2 - 0.5)), min(767.0, max(0.0, (y + 0.5) / 2 - 0.5)))
+
+
 def generate(include_wallpaper=True):
     files = {}
     for name in BUTTON_FILES:
         files["Skin/Buttons/%s/%s.gif" % (BUTTON_SET, name)] = button(name)
+        files[twin_name("Skin/Buttons/%s/%s.gif" % (BUTTON_SET, name))] = button_2x(name)
     for name in TOOLBAR_FILES:
         files["Skin/Toolbar/%s.gif" % name] = button(name)
+        files[twin_name("Skin/Toolbar/%s.gif" % name)] = button_2x(name)
     for name, color in ALARM_COLORS.items():
         files[name] = alarm_clock(color)
+        files[twin_name(name)] = alarm_clock(color, scale=2)
+    # An icon file's twin doubles its largest size, the one that the program draws.
     files["emptyicon.ico"] = encode_ico([(32, empty_icon(32)), (16, empty_icon(16))])
+    files[twin_name("emptyicon.ico")] = empty_icon(32, scale=2)
     files["rss.ico"] = encode_ico([(32, rss_icon(32)), (16, rss_icon(16))])
+    files[twin_name("rss.ico")] = rss_icon(32, scale=2)
     files["rss-small.ico"] = encode_ico([(16, rss_icon(16))])
+    files[twin_name("rss-small.ico")] = rss_icon(16, scale=2)
     for name, make in SOUNDS.items():
         files[name] = encode_wav(make())
     files["Skin/Colors/plain white on blue.pkc"] = color_file(theme=False)
@@ -1549,14 +1656,19 @@ def generate(include_wallpaper=True):
     for theme in THEMES:
         for name in BUTTON_FILES:
             files["Skin/Buttons/%s/%s.gif" % (theme["name"], name)] = button(name, theme["buttons"])
+            files[twin_name("Skin/Buttons/%s/%s.gif" % (theme["name"], name))] = button_2x(name, theme["buttons"])
         files["Skin/%s.pkt" % theme["name"].lower()] = color_file(
             True, theme["colors"], wallpaper=theme["wallpaper"], buttons=theme["name"])
     for name, colors in SCHEMES:
         files["Skin/Colors/%s.pkc" % name] = color_file(False, colors)
     if include_wallpaper:
         files["Skin/Wallpaper/" + WALLPAPER] = encode_jpeg(1024, 768, wallpaper_pixel, quality=92)
+        files[twin_name("Skin/Wallpaper/" + WALLPAPER, ".jpg")] = encode_jpeg(
+            2048, 1536, at_double(wallpaper_pixel), quality=92)
         for theme in THEMES:
             files["Skin/Wallpaper/" + theme["wallpaper"]] = encode_jpeg(1024, 768, theme["pixel"], quality=90)
+            files[twin_name("Skin/Wallpaper/" + theme["wallpaper"], ".jpg")] = encode_jpeg(
+                2048, 1536, at_double(theme["pixel"]), quality=90)
     return files
 
 

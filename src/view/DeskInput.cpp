@@ -54,11 +54,10 @@ class ReminderFacePainter : public QObject {
         if (face == d.Faces.end()) return false;
         const Element& e = w_.element();
         QPainter p(&w_);
-        if (picturePath_ != e.Picture.get()) {
-            picturePath_ = e.Picture.get();
-            picture_ = QPixmap(picturePath_);
-        }
-        if (!picture_.isNull()) p.drawPixmap(w_.rect(), picture_);
+        if (picture_.file() != e.Picture.get()) picture_.setFile(e.Picture.get());
+        // The icon at the screen's device pixels: its twin of twice the pixels on a dense screen.
+        if (const QPixmap& shown = picture_.stretched(w_.size(), w_.devicePixelRatioF()); !shown.isNull())
+            p.drawPixmap(0, 0, shown);
         QFont f(e.FontName.get());
         f.setPointSizeF(ShownFontSize(e.FontSize));
         f.setBold(true);
@@ -78,8 +77,7 @@ class ReminderFacePainter : public QObject {
   private:
     Workspace& ws_;
     ElementWidget& w_;
-    QString picturePath_;
-    QPixmap picture_;
+    ScreenPicture picture_;
 };
 
 // The note's editor: its focus, a press and a move in its text, and the keys that are the note's.

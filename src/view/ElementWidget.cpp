@@ -150,9 +150,9 @@ bool ElementWidget::eventFilter(QObject* watched, QEvent* ev) {
 
 void ElementWidget::reloadPicture() {
     const QString& pic = e_.Picture.get();
-    // Icons are fetched at paint time, at the size the element then has.
-    if (pic.isEmpty() || IsIconPicture(pic)) picture_ = QPixmap();
-    else picture_ = QPixmap(pic);
+    // Icons are fetched at paint time, at the size the element then has; an image file is read at paint
+    // time too, for the device pixel ratio of the screen the widget is then on.
+    picture_.setFile(pic.isEmpty() || IsIconPicture(pic) ? QString() : pic);
     update();
 }
 
@@ -201,17 +201,25 @@ void ElementWidget::paintEvent(QPaintEvent*) {
         p.setClipPath(round);
     }
     if (e_.BackStyle == 1) p.fillRect(rect(), ToQColor(e_.BackColor));
-    if (!picture_.isNull()) {
-        if (e_.Stretch) p.drawPixmap(rect(), picture_);
-        else p.drawPixmap(0, 0, picture_);
+    // Pictures and icons are made at the screen's device pixels: a stretched picture is scaled to the
+    // device pixels of the element, an image at its own size comes from its twin of twice the pixels
+    // (or is scaled smoothly), and icons are asked at their size in device pixels.
+    const qreal dpr = devicePixelRatioF();
+    if (!picture_.file().isEmpty()) {
+        if (e_.Stretch) {
+            const QPixmap& shown = picture_.stretched(size(), dpr);
+            if (!shown.isNull()) p.drawPixmap(0, 0, shown);
+        } else if (const QPixmap& shown = picture_.at(dpr); !shown.isNull()) {
+            p.drawPixmap(0, 0, shown);
+        }
     }
     const QString& pic = e_.Picture.get();
     if (IsIconPicture(pic)) {
         const int size = std::min(width(), height());
         QPixmap icon;
-        if (pic.startsWith(kFileIcon)) icon = FileIconPixmap(pic.mid(kFileIcon.size()), size);
-        else if (pic.startsWith(kThemeIcon)) icon = ThemeIconPixmap(pic.mid(kThemeIcon.size()), size);
-        else icon = NoIconPixmap(size);
+        if (pic.startsWith(kFileIcon)) icon = FileIconPixmap(pic.mid(kFileIcon.size()), size, dpr);
+        else if (pic.startsWith(kThemeIcon)) icon = ThemeIconPixmap(pic.mid(kThemeIcon.size()), size, dpr);
+        else icon = NoIconPixmap(size, dpr);
         p.drawPixmap(0, 0, icon);
     }
     const QString& caption = e_.Caption.get();

@@ -2,6 +2,8 @@
 // The widget that shows one element: its back colour (unless transparent), its picture, its caption.
 // Elements that take typed text (a container's rename field, a note) hold a real editor inside.
 
+#include "platform/qt/HiDpiPictures.h"
+
 #include <QPainter>
 #include <QPixmap>
 #include <QWidget>
@@ -64,7 +66,8 @@ private:
     void syncEditor();
 
     Element& e_;
-    QPixmap picture_;
+    // The element's image file, at the device pixel ratio of the widget's screen.
+    ScreenPicture picture_;
     int radius_ = 0;
     QLineEdit* line_ = nullptr;
     QPlainTextEdit* note_ = nullptr;

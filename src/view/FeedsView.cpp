@@ -4,6 +4,7 @@
 #include "app/workspace/Workspace.h"
 #include "feeds/FeedContainers.h"
 #include "feeds/FeedsState.h"
+#include "platform/qt/HiDpiPictures.h"
 #include "view/ElementView.h"
 #include "view/ElementWidget.h"
 #include "view/FeedWindows.h"
@@ -118,7 +119,8 @@ void FeedsView::overlay(int i) {
         mark = new QLabel(icon);
         mark->setObjectName(QStringLiteral("RssMark"));
         mark->setAttribute(Qt::WA_TransparentForMouseEvents);
-        mark->setPixmap(QIcon(file).pixmap(16, 16));
+        // The mark and its twin of twice the pixels: the icon gives the one for the screen's ratio.
+        mark->setPixmap(LoadIcon(file).pixmap(QSize(16, 16), mark->devicePixelRatioF()));
         mark->setGeometry(16, 16, 16, 16);
     }
     mark->show();

@@ -19,10 +19,11 @@ namespace {
 constexpr int kIconPixels = 32;
 constexpr int kKeyDown = 40;
 
-QPixmap IconFor(const QString& pic) {
-    if (pic.startsWith(QLatin1String("fileicon:"))) return FileIconPixmap(pic.mid(9), kIconPixels);
-    if (pic.startsWith(QLatin1String("themeicon:"))) return ThemeIconPixmap(pic.mid(10), kIconPixels);
-    if (pic.startsWith(QLatin1String("noicon:"))) return NoIconPixmap(kIconPixels);
+// The icon at the device pixel ratio `dpr` of the screen it is shown on.
+QPixmap IconFor(const QString& pic, qreal dpr) {
+    if (pic.startsWith(QLatin1String("fileicon:"))) return FileIconPixmap(pic.mid(9), kIconPixels, dpr);
+    if (pic.startsWith(QLatin1String("themeicon:"))) return ThemeIconPixmap(pic.mid(10), kIconPixels, dpr);
+    if (pic.startsWith(QLatin1String("noicon:"))) return NoIconPixmap(kIconPixels, dpr);
     return {};
 }
 
@@ -110,7 +111,7 @@ void JumpToPanel::sync() {
     go_->setFont(bold);
     close_->setFont(bold);
     label_->setText(f.lblJumpToLink);
-    icon_->setPixmap(IconFor(f.JumpToIcon));
+    icon_->setPixmap(IconFor(f.JumpToIcon, icon_->devicePixelRatioF()));
     // The list first: refilling a combo box changes its edit text, which is put back after.
     QStringList items;
     for (const QString& s : f.cboSearchList)

@@ -1,6 +1,7 @@
 #include "view/PropertiesWindow.h"
 
 #include "app/workspace/Workspace.h"
+#include "platform/qt/HiDpiPictures.h"
 #include "themes/ColorFile.h"
 #include "themes/Properties.h"
 #include "themes/ThemeState.h"
@@ -359,20 +360,24 @@ void PropertiesWindow::sync() {
     pp.setColor(QPalette::Window, ToQColor(f.picWallpaperBackColor));
     picWallpaper_->setAutoFillBackground(true);
     picWallpaper_->setPalette(pp);
+    // The preview and the button images are made at the device pixels of the window's screen.
+    const qreal dpr = devicePixelRatioF();
     QPixmap shown;
     if (f.chkWallpaper && !f.imgWallpaper.isEmpty()) {
-        const QPixmap pic(f.imgWallpaper);
+        const QPixmap pic = LoadPicture(f.imgWallpaper, dpr);
         if (!pic.isNull()) {
             const QSize area = picWallpaper_->contentsRect().size();
             if (f.chkStretch) {
-                shown = pic.scaled(area, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+                shown = FillPicture(pic, area, dpr);
             } else {
                 // The preview stands for a workspace about five times its size.
-                shown = pic.scaled(pic.size() / 5, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-                QPixmap canvas(area);
+                const QPixmap small = FillPicture(pic, pic.deviceIndependentSize().toSize() / 5, dpr);
+                QPixmap canvas(area * dpr);
+                canvas.setDevicePixelRatio(dpr);
                 canvas.fill(ToQColor(f.picWallpaperBackColor));
                 QPainter p(&canvas);
-                p.drawPixmap(0, 0, shown);
+                p.drawPixmap(0, 0, small);
+                p.end();
                 shown = canvas;
             }
         }
@@ -394,7 +399,7 @@ void PropertiesWindow::sync() {
         QPalette bp = picButton_[k]->palette();
         bp.setColor(QPalette::Window, ToQColor(f.picConFor));
         picButton_[k]->setPalette(bp);
-        picButton_[k]->setPixmap(f.PicButton[k].isEmpty() ? QPixmap() : QPixmap(f.PicButton[k]));
+        picButton_[k]->setPixmap(f.PicButton[k].isEmpty() ? QPixmap() : LoadPicture(f.PicButton[k], dpr));
     }
     if (txtIconSize_->text() != f.txtIconSize) txtIconSize_->setText(f.txtIconSize);
     lblFont_->setText(QStringLiteral("%1, %2").arg(f.FontName).arg(f.FontSize));

@@ -5,6 +5,7 @@
 #include "desk/ReminderForm.h"
 #include "desk/Reminders.h"
 #include "desk/ShowReminder.h"
+#include "platform/qt/HiDpiPictures.h"
 #include "view/ElementWidget.h"
 
 #include <QCloseEvent>
@@ -104,7 +105,8 @@ ReminderDialog::ReminderDialog(ReminderForm& form, const QString& programDirecto
         auto* r = new QRadioButton(this);
         r->setObjectName(QStringLiteral("OptAlarmGif_%1").arg(n));
         r->setToolTip(QStringLiteral("Reminder Color"));
-        r->setIcon(QIcon(QDir(programDirectory).filePath(ReminderIconFile(n))));
+        // The clock and its twin of twice the pixels, for dense screens.
+        r->setIcon(LoadIcon(QDir(programDirectory).filePath(ReminderIconFile(n))));
         r->setIconSize(QSize(24, 24));
         colors->addWidget(r);
         colors_[n] = r;

@@ -29,8 +29,9 @@ ToolbarWindow::ToolbarWindow(Workspace& ws, const QString& programDirectory)
     setAttribute(Qt::WA_QuitOnClose, false);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
+    icons_.resize(kToolbarIcons);
     for (int n = 0; n < kToolbarIcons; ++n)
-        icons_.emplace_back(QDir(programDirectory).filePath(ToolbarIconFile(n)));
+        icons_[static_cast<size_t>(n)].setFile(QDir(programDirectory).filePath(ToolbarIconFile(n)));
     setToolTip(QString());
 }
 
@@ -71,10 +72,11 @@ void ToolbarWindow::paintEvent(QPaintEvent*) {
     const FloatingToolbar& tb = Toolbar(ws_);
     QPainter p(this);
     p.fillRect(rect(), QColor(0x10, 0x18, 0x30));
+    const qreal dpr = devicePixelRatioF();
     for (int n = 0; n < kToolbarIcons; ++n) {
         const QRect cell(kMargin + n * kCell, kMargin, kCell, kCell);
-        if (!icons_[static_cast<size_t>(n)].isNull())
-            p.drawPixmap(cell.center() - QPoint(7, 7), icons_[static_cast<size_t>(n)]);
+        if (const QPixmap& icon = icons_[static_cast<size_t>(n)].at(dpr); !icon.isNull())
+            p.drawPixmap(cell.center() - QPoint(7, 7), icon);
         if (n == tb.SelectedIcon) {
             // ShapeSel: the outline around the icon under the pointer.
             p.setPen(QColor(0xF0, 0xC0, 0x40));

@@ -4,8 +4,9 @@
 // eleven icons of 16 pixels in 24-pixel cells, the tip under them (the grip that drags the window), and
 // the close mark at the right of the tip.
 
+#include "platform/qt/HiDpiPictures.h"
+
 #include <QElapsedTimer>
-#include <QPixmap>
 #include <QWidget>
 
 #include <vector>
@@ -37,7 +38,8 @@ class ToolbarWindow : public QWidget {
 
   private:
     Workspace& ws_;
-    std::vector<QPixmap> icons_;
+    // The icons' pictures, at the device pixel ratio of the window's screen.
+    std::vector<ScreenPicture> icons_;
     int pressedIcon_ = -1;
     // The program's own placement, not to be taken for a drag.
     QElapsedTimer placed_;

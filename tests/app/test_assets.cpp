@@ -4,6 +4,7 @@
 
 #include <QColor>
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -47,13 +48,20 @@ const QStringList kButtons = {"shrinkall", "foldall", "rss",       "lock",     "
                               "notehide",  "fold",    "unfold"};
 const QString kButtonSet = QStringLiteral("Skin/Buttons/Plain White on Blue/");
 
+// The plain files of a folder, without the twins of twice the pixels ("name@2x.png").
+QStringList PlainFiles(const QString& rel) {
+    QStringList files = QDir(AssetPath(rel)).entryList(QDir::Files, QDir::Name);
+    files.removeIf([](const QString& f) { return f.contains(QLatin1String("@2x.")); });
+    return files;
+}
+
 TEST(Assets, ButtonSetHasItsThirteenImagesAndNothingElse) {
     QDir dir(AssetPath(kButtonSet));
     ASSERT_TRUE(dir.exists());
     QStringList expected;
     for (const QString& b : kButtons) expected << b + ".gif";
     expected.sort();
-    EXPECT_EQ(dir.entryList(QDir::Files, QDir::Name), expected);
+    EXPECT_EQ(PlainFiles(kButtonSet), expected);
 }
 
 TEST(Assets, ButtonsAreSixteenPixelGifsWithTransparentCornersAndWhiteGlyphs) {
@@ -296,7 +304,7 @@ TEST(Assets, EveryThemeNamesAWallpaperAndAButtonSetThatShip) {
         QStringList expected;
         for (const QString& b : kButtons) expected << b + ".gif";
         expected.sort();
-        EXPECT_EQ(QDir(AssetPath(set)).entryList(QDir::Files, QDir::Name), expected);
+        EXPECT_EQ(PlainFiles(set), expected);
         std::vector<QImage> images;
         for (const QString& b : kButtons) {
             const QImage image = Load(set + b + ".gif");
@@ -414,6 +422,44 @@ TEST(Assets, TapsRiseFromDownToUp) {
     EXPECT_GT(crossings(up), crossings(down));
 }
 
+// Every picture has a twin of twice the pixels each way beside it, for screens of two device pixels per
+// logical pixel: "fold@2x.png" beside "fold.gif" (PNG with smooth alpha), "rss@2x.png" doubling the
+// largest size of "rss.ico", "GraphiteMint@2x.jpg" beside the wallpaper. The twin shows the same picture:
+// scaled down to the plain size it is close to the plain image.
+TEST(Assets, EveryPictureHasATwinOfTwiceThePixels) {
+    QStringList pictures;
+    QDirIterator it(AssetPath(""), {"*.gif", "*.ico", "*.jpg"}, QDir::Files, QDirIterator::Subdirectories);
+    while (it.hasNext()) pictures << QDir(AssetPath("")).relativeFilePath(it.next());
+    pictures.removeIf([](const QString& f) { return f.contains(QLatin1String("@2x.")); });
+    ASSERT_GE(pictures.size(), 13 * 4 + 17 + 4 + 3 + 4);
+    for (const QString& rel : pictures) {
+        SCOPED_TRACE(rel.toStdString());
+        const QString base = rel.left(rel.lastIndexOf(QLatin1Char('.'))) + QStringLiteral("@2x");
+        const QString twin = QFileInfo::exists(AssetPath(base + ".png")) ? base + ".png" : base + ".jpg";
+        ASSERT_TRUE(QFileInfo::exists(AssetPath(twin)));
+        const QImage plain = Load(rel).convertToFormat(QImage::Format_ARGB32);
+        const QImage two = Load(twin).convertToFormat(QImage::Format_ARGB32);
+        ASSERT_EQ(two.size(), plain.size() * 2);
+        if (!rel.endsWith(QLatin1String(".jpg"))) EXPECT_TRUE(two.hasAlphaChannel());
+        // Alike at the plain size: the mean difference of each channel, over the pixels at least half
+        // opaque in both (the empty icon is faint all over).
+        const QImage down = two.scaled(plain.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        double sum = 0;
+        int n = 0;
+        for (int y = 0; y < plain.height(); ++y)
+            for (int x = 0; x < plain.width(); ++x) {
+                const QRgb a = plain.pixel(x, y), b = down.pixel(x, y);
+                if (qAlpha(a) < 128 || qAlpha(b) < 128) continue;
+                sum += std::abs(qRed(a) - qRed(b)) + std::abs(qGreen(a) - qGreen(b)) + std::abs(qBlue(a) - qBlue(b));
+                n += 3;
+            }
+        ASSERT_GT(n, 0);
+        EXPECT_LT(sum / n, 24.0);
+        // And finer: the twin is not the plain image with each pixel doubled.
+        EXPECT_NE(two, plain.scaled(two.size(), Qt::IgnoreAspectRatio, Qt::FastTransformation));
+    }
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -421,3 +467,4 @@ int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }
+

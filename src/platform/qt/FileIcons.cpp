@@ -1,6 +1,7 @@
 #include "platform/qt/FileIcons.h"
 
 #include "app/files/TextFile.h"
+#include "platform/qt/HiDpiPictures.h"
 
 #include <QFileIconProvider>
 #include <QFileInfo>
@@ -11,6 +12,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <cmath>
 
 namespace pd {
 
@@ -36,9 +38,23 @@ QIcon DesktopEntryIcon(const QString& path) {
     return {};
 }
 
-QPixmap BlankPage(int size) {
-    QPixmap pm(size, size);
+// A transparent square of `size` logical pixels at `dpr` device pixels each: what a painter draws on it
+// in logical pixels lands at the device's resolution.
+QPixmap Canvas(int size, qreal dpr) {
+    const int physical = static_cast<int>(std::lround(size * dpr));
+    QPixmap pm(physical, physical);
+    pm.setDevicePixelRatio(dpr);
     pm.fill(Qt::transparent);
+    return pm;
+}
+
+// The cache key of a size at a ratio.
+QString SizeKey(int size, qreal dpr) {
+    return QString::number(size) + QLatin1Char('x') + QString::number(dpr);
+}
+
+QPixmap BlankPage(int size, qreal dpr) {
+    QPixmap pm = Canvas(size, dpr);
     QPainter p(&pm);
     p.setPen(QColor(0x60, 0x60, 0x60));
     p.setBrush(Qt::white);
@@ -60,9 +76,8 @@ QHash<QString, QPixmap>& PathCache() {
 
 // A terminal window drawn by us: a dark screen with a prompt, for command shortcuts on a desktop
 // without an icon theme.
-QPixmap TerminalPicture(int size) {
-    QPixmap pm(size, size);
-    pm.fill(Qt::transparent);
+QPixmap TerminalPicture(int size, qreal dpr) {
+    QPixmap pm = Canvas(size, dpr);
     QPainter p(&pm);
     p.setRenderHint(QPainter::Antialiasing, true);
     const QRectF screen(size * 0.06, size * 0.12, size * 0.88, size * 0.76);
@@ -79,6 +94,41 @@ QPixmap TerminalPicture(int size) {
 
 bool IsExecutableFile(const QFileInfo& info) { return info.isFile() && info.isExecutable(); }
 
+// The picture of an image or icon file for a box of `size` logical pixels at `dpr`: the file's twin of
+// twice the pixels where the screen has more than one pixel a logical pixel, else of an icon file with
+// several sizes the smallest that is not smaller than the box in device pixels (the largest when all
+// are smaller), scaled to the box in device pixels.
+QPixmap PictureFileIcon(const QString& path, int size, qreal dpr) {
+    const int physical = static_cast<int>(std::lround(size * dpr));
+    QImage img;
+    if (dpr > 1.0) {
+        const QString twin = DoubleResolutionFile(path);
+        if (!twin.isEmpty()) img = QImageReader(twin).read();
+    }
+    if (img.isNull()) {
+        QImageReader reader(path);
+        // The smallest entry that covers the box, else the largest: an entry this much bigger than the box
+        // (or smaller) counts this much against it, and a smaller one counts far more.
+        auto cost = [physical](const QImage& e) {
+            const int extent = std::max(e.width(), e.height());
+            return extent >= physical ? extent - physical : 100000 + (physical - extent);
+        };
+        // Only an icon file holds sizes to choose from; the frames of an animation are not sizes.
+        const bool sizes = QFileInfo(path).suffix().compare(QLatin1String("ico"), Qt::CaseInsensitive) == 0;
+        const int count = sizes ? std::max(1, reader.imageCount()) : 1;
+        for (int k = 0; k < count; ++k) {
+            if (k > 0 && !reader.jumpToImage(k)) break;
+            const QImage entry = reader.read();
+            if (!entry.isNull() && (img.isNull() || cost(entry) < cost(img))) img = entry;
+        }
+    }
+    if (img.isNull()) return {};
+    img.setDevicePixelRatio(1.0);
+    QImage scaled = img.scaled(physical, physical, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    scaled.setDevicePixelRatio(dpr);
+    return QPixmap::fromImage(scaled);
+}
+
 } // namespace
 
 void ClearFileIconCache() {
@@ -86,11 +136,10 @@ void ClearFileIconCache() {
     PathCache().clear();
 }
 
-QPixmap NoIconPixmap(int size) {
-    const QString key = QStringLiteral("noicon@") + QString::number(size);
+QPixmap NoIconPixmap(int size, qreal dpr) {
+    const QString key = QStringLiteral("noicon@") + SizeKey(size, dpr);
     if (auto it = Cache().constFind(key); it != Cache().constEnd()) return *it;
-    QPixmap pm(size, size);
-    pm.fill(Qt::transparent);
+    QPixmap pm = Canvas(size, dpr);
     QPainter p(&pm);
     p.setRenderHint(QPainter::Antialiasing, true);
     QPen pen(QColor(0xB0, 0xB0, 0xB0), std::max(1.0, size / 16.0), Qt::DashLine);
@@ -108,19 +157,20 @@ QPixmap NoIconPixmap(int size) {
     return pm;
 }
 
-QPixmap ThemeIconPixmap(const QString& name, int size) {
-    const QString key = QStringLiteral("theme:") + name + QLatin1Char('@') + QString::number(size);
+QPixmap ThemeIconPixmap(const QString& name, int size, qreal dpr) {
+    const QString key = QStringLiteral("theme:") + name + QLatin1Char('@') + SizeKey(size, dpr);
     if (auto it = Cache().constFind(key); it != Cache().constEnd()) return *it;
     QPixmap pm;
     const QIcon icon = QIcon::fromTheme(name);
-    if (!icon.isNull()) pm = icon.pixmap(size, size);
-    if (pm.isNull()) pm = name == QLatin1String("utilities-terminal") ? TerminalPicture(size) : BlankPage(size);
+    if (!icon.isNull()) pm = icon.pixmap(QSize(size, size), dpr);
+    if (pm.isNull())
+        pm = name == QLatin1String("utilities-terminal") ? TerminalPicture(size, dpr) : BlankPage(size, dpr);
     Cache().insert(key, pm);
     return pm;
 }
 
 // The icon of a file by its type (or its own picture), from the type cache or the theme.
-static QPixmap LookUpFileIcon(const QString& path, int size) {
+static QPixmap LookUpFileIcon(const QString& path, int size, qreal dpr) {
     QHash<QString, QPixmap>& cache = Cache();
     const QFileInfo info(path);
     QString key;
@@ -137,15 +187,12 @@ static QPixmap LookUpFileIcon(const QString& path, int size) {
     } else {
         key = QStringLiteral("type:") + QMimeDatabase().mimeTypeForFile(info, QMimeDatabase::MatchExtension).name();
     }
-    key += QLatin1Char('@') + QString::number(size);
+    key += QLatin1Char('@') + SizeKey(size, dpr);
     if (auto it = cache.constFind(key); it != cache.constEnd()) return *it;
 
     QPixmap pm;
     if (info.isFile() && IsImageFile(info)) {
-        QImageReader reader(path);
-        // Of an icon file with several sizes, the reader gives the first; scale it to the box.
-        const QImage img = reader.read();
-        if (!img.isNull()) pm = QPixmap::fromImage(img.scaled(size, size, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+        pm = PictureFileIcon(path, size, dpr);
     } else if (info.isFile() && info.suffix().toLower() == QLatin1String("desktop")) {
         icon = DesktopEntryIcon(path);
     } else if (info.isDir()) {
@@ -157,16 +204,17 @@ static QPixmap LookUpFileIcon(const QString& path, int size) {
         icon = QIcon::fromTheme(mime.iconName(), QIcon::fromTheme(mime.genericIconName()));
     }
     if (pm.isNull() && icon.isNull()) icon = QFileIconProvider().icon(info);
-    if (pm.isNull() && !icon.isNull()) pm = icon.pixmap(size, size);
-    if (pm.isNull()) pm = BlankPage(size);
+    // Asked at the box's size in device pixels: the theme gives its larger drawing on a dense screen.
+    if (pm.isNull() && !icon.isNull()) pm = icon.pixmap(QSize(size, size), dpr);
+    if (pm.isNull()) pm = BlankPage(size, dpr);
     cache.insert(key, pm);
     return pm;
 }
 
-QPixmap FileIconPixmap(const QString& path, int size) {
-    const QString pathKey = path + QLatin1Char('@') + QString::number(size);
+QPixmap FileIconPixmap(const QString& path, int size, qreal dpr) {
+    const QString pathKey = path + QLatin1Char('@') + SizeKey(size, dpr);
     if (auto it = PathCache().constFind(pathKey); it != PathCache().constEnd()) return *it;
-    const QPixmap pm = LookUpFileIcon(path, size);
+    const QPixmap pm = LookUpFileIcon(path, size, dpr);
     PathCache().insert(pathKey, pm);
     return pm;
 }
