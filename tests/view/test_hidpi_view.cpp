@@ -10,6 +10,7 @@
 #include "desk/Reminders.h"
 #include "platform/qt/FileIcons.h"
 #include "platform/qt/HiDpiPictures.h"
+#include "platform/qt/ProgramIcon.h"
 #include "platform/qt/QtPlatform.h"
 #include "shortcuts/LinkIcons.h"
 #include "shortcuts/Shortcuts.h"
@@ -231,6 +232,9 @@ TEST_F(HiDpiView, IconsAreMadeAtDevicePixels) {
     const QPixmap plain = FileIconPixmap(rss, 32, 1.0);
     EXPECT_EQ(plain.size(), QSize(32, 32));
     EXPECT_DOUBLE_EQ(plain.devicePixelRatio(), 1.0);
+    // The program's own icon is drawn at twice the sizes that panels ask for.
+    EXPECT_EQ(ProgramIcon().pixmap(QSize(64, 64), 2.0).size(), QSize(128, 128));
+    EXPECT_EQ(ProgramIcon().pixmap(QSize(22, 22), 2.0).size(), QSize(44, 44));
     // The small mark of a feed container: its 16-pixel icon and its 32-pixel twin.
     const QPixmap mark = LoadIcon(Asset(QStringLiteral("rss-small.ico"))).pixmap(QSize(16, 16), 2.0);
     EXPECT_EQ(mark.size(), QSize(32, 32));

@@ -7,7 +7,9 @@ namespace pd {
 
 QIcon ProgramIcon() {
     QIcon icon;
-    for (int size : {16, 22, 32, 48, 64}) {
+    // Drawn at each size, up to 256: a screen of two device pixels per logical pixel asks a 22-pixel tray
+    // icon at 44 and a 64-pixel window icon at 128.
+    for (int size : {16, 22, 32, 44, 48, 64, 128, 256}) {
         QPixmap pm(size, size);
         pm.fill(Qt::transparent);
         {
