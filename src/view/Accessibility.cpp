@@ -8,7 +8,12 @@
 #include "window/FloatingToolbar.h"
 
 #include <QAccessibleWidget>
+#include <QAbstractButton>
+#include <QAbstractScrollArea>
+#include <QAbstractSpinBox>
 #include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPointer>
@@ -340,6 +345,80 @@ class LabelAccessible : public ClickableAccessible {
     }
 };
 
+// A control that a label beside it names: a text field, a list, a box, or a button that shows no text.
+bool IsField(const QWidget* w) {
+    if (auto* line = qobject_cast<const QLineEdit*>(w)) {
+        const QWidget* p = line->parentWidget();
+        return !(qobject_cast<const QComboBox*>(p) || qobject_cast<const QAbstractSpinBox*>(p));
+    }
+    if (auto* b = qobject_cast<const QAbstractButton*>(w)) return b->text().isEmpty() && b->icon().isNull();
+    return qobject_cast<const QComboBox*>(w) || qobject_cast<const QAbstractSpinBox*>(w) ||
+           qobject_cast<const QAbstractScrollArea*>(w);
+}
+
+// Gives each unnamed field of a window the text of the label that stands before it (left of it on its
+// row, or just above it): text fields, lists and boxes take the label as their buddy, so that their name
+// follows the label's text; a button without text takes the label's text as its name.
+void LabelFields(QWidget* window) {
+    const QList<QLabel*> labels = window->findChildren<QLabel*>();
+    QList<QWidget*> named;
+    for (QLabel* l : labels)
+        if (l->buddy()) named.push_back(l->buddy());
+    const QList<QWidget*> all = window->findChildren<QWidget*>();
+    for (QLabel* label : labels) {
+        if (label->buddy() || TakesClicks(label) || !label->isVisibleTo(window)) continue;
+        const QString text = label->text().trimmed();
+        if (text.isEmpty() || Qt::mightBeRichText(text)) continue;
+        const QRect lr(label->mapTo(window, QPoint(0, 0)), label->size());
+        QWidget* best = nullptr;
+        int bestDistance = 0;
+        for (QWidget* field : all) {
+            if (!IsField(field) || !field->isVisibleTo(window) || named.contains(field) ||
+                !field->accessibleName().isEmpty())
+                continue;
+            const QRect fr(field->mapTo(window, QPoint(0, 0)), field->size());
+            int distance = -1;
+            if (fr.left() >= lr.center().x() && fr.top() <= lr.center().y() && fr.bottom() >= lr.center().y())
+                distance = fr.left() - lr.right();
+            else if (fr.top() >= lr.center().y() && fr.left() <= lr.right() && fr.right() >= lr.left())
+                distance = 2 * (fr.top() - lr.bottom()) + 8;
+            if (distance < 0 || distance > 160) continue;
+            if (!best || distance < bestDistance) {
+                best = field;
+                bestDistance = distance;
+            }
+        }
+        if (!best) continue;
+        if (qobject_cast<QAbstractButton*>(best)) {
+            QString name = text;
+            name.remove(QLatin1Char('&'));
+            if (name.endsWith(QLatin1Char(':'))) name.chop(1);
+            best->setAccessibleName(name);
+        } else {
+            label->setBuddy(best);
+        }
+        named.push_back(best);
+    }
+}
+
+// Names the fields of every window as it is first shown.
+class FieldLabeler : public QObject {
+  public:
+    using QObject::QObject;
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* ev) override {
+        if (ev->type() == QEvent::Show && watched->isWidgetType()) {
+            auto* w = static_cast<QWidget*>(watched);
+            if (w->isWindow() && !w->property("pdFieldsLabelled").toBool()) {
+                w->setProperty("pdFieldsLabelled", true);
+                LabelFields(w);
+            }
+        }
+        return false;
+    }
+};
+
 QAccessibleInterface* Factory(const QString& className, QObject* object) {
     if (!object || !object->isWidgetType()) return nullptr;
     if (className == QLatin1String("pd::ElementWidget"))
@@ -360,6 +439,7 @@ void InstallAccessibility() {
     if (installed) return;
     installed = true;
     QAccessible::installFactory(&Factory);
+    if (QCoreApplication* app = QCoreApplication::instance()) app->installEventFilter(new FieldLabeler(app));
 }
 
 void SetAccessibleWorkspace(const Workspace* ws) { g_workspace = ws; }

@@ -7,9 +7,11 @@
 #include "app/MainWindow.h"
 #include "feeds/FeedContainers.h"
 #include "feeds/FeedsState.h"
+#include "shortcuts/EditLink.h"
 #include "shortcuts/Shortcuts.h"
 #include "support/TestWorkspace.h"
 #include "view/ConColorsWindow.h"
+#include "view/EditLinkDialog.h"
 #include "view/ElementView.h"
 #include "view/ElementWidget.h"
 #include "view/HeadlinePanelWidget.h"
@@ -24,6 +26,7 @@
 #include <QAccessibleActionInterface>
 #include <QApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 
@@ -213,6 +216,27 @@ TEST_F(AccessibilityTest, ADialogsButtonsAreNamedButtons) {
     ASSERT_NE(close, nullptr);
     EXPECT_EQ(Of(close)->role(), QAccessible::Button);
     EXPECT_TRUE(Of(close)->text(QAccessible::Name).startsWith(QStringLiteral("Press the Esc key")));
+}
+
+TEST_F(AccessibilityTest, ADialogsFieldsAreNamedByTheLabelsBeforeThem) {
+    FrmEditLink form;
+    LoadEditLink(ws, form, ws.LinkCount - 1);
+    form.Visible = true;
+    EditLinkDialog dialog(ws, form, nullptr);
+    dialog.load();
+    dialog.show();
+    QCoreApplication::processEvents();
+    auto name = [&](const char* field) {
+        QWidget* w = dialog.findChild<QWidget*>(QString::fromLatin1(field));
+        EXPECT_NE(w, nullptr) << field;
+        return w ? Of(w)->text(QAccessible::Name) : QString();
+    };
+    EXPECT_TRUE(name("txtLabel").startsWith(QStringLiteral("Label"))) << name("txtLabel").toStdString();
+    EXPECT_TRUE(name("txtPath").startsWith(QStringLiteral("Target"))) << name("txtPath").toStdString();
+    EXPECT_TRUE(name("txtParam").startsWith(QStringLiteral("Parameters"))) << name("txtParam").toStdString();
+    EXPECT_TRUE(name("txtSize").startsWith(QStringLiteral("Font Size"))) << name("txtSize").toStdString();
+    EXPECT_EQ(name("PicLinkColor"), QStringLiteral("Color"));
+    EXPECT_EQ(Of(dialog.findChild<QWidget*>(QStringLiteral("txtLabel")))->role(), QAccessible::EditableText);
 }
 
 TEST_F(AccessibilityTest, TheFloatingToolbarsIconsAreButtonsWithTheirKeys) {
