@@ -11,12 +11,18 @@
 #include "platform/qt/AddUrlDialog.h"
 #include "platform/qt/InputForm.h"
 #include "shortcuts/EditLink.h"
+#include "shortcuts/FindCommands.h"
+#include "shortcuts/LinkLayout.h"
 #include "shortcuts/Shortcuts.h"
 #include "support/TestWorkspace.h"
 #include "themes/ThemeState.h"
 #include "view/ConColorsWindow.h"
 #include "view/EditLinkDialog.h"
+#include "view/ElementView.h"
+#include "view/ElementWidget.h"
 #include "view/FeedWindows.h"
+#include "view/FindView.h"
+#include "view/MainView.h"
 #include "view/MenuView.h"
 #include "view/PropertiesWindow.h"
 #include "view/ReminderWindows.h"
@@ -275,6 +281,46 @@ TEST_F(DialogFocus, InputDialog) {
     });
     ShowInputForm(form);
     EXPECT_EQ(form.txtInput, QStringLiteral("new"));
+}
+
+TEST_F(DialogFocus, JumpToPanel) {
+    Workspace& w = ws();
+    WireShortcutCommands(w);
+    WireFindCommands(w);
+    TopWindow main{w, w.frmMain(0), Qt::FramelessWindowHint | Qt::Tool};
+    MenuView menus{w.menus, &main};
+    ElementView view{w, {{&w.frmMain(0), &main}}};
+    FindView find{w, view, menus, &main};
+    w.menuSink = &menus;
+    view.onWindowChanged = [&](Element& e, Prop p) {
+        if (&e == &w.frmMain(0)) main.apply(p);
+    };
+    view.onWidgetCreated = [&](ElementWidget& ew) { find.wireWidget(ew); };
+    view.attach();
+    find.attach();
+    w.frmMain(0).Move(0, 0, 9000, 6000);
+    w.frmMain(0).Visible = true;
+    w.picBack(0).Move(0, 0, 9000, 6000);
+    const int c = t.newContainerAt(600, 600);
+    AddShortcut(w, QStringLiteral("/opt/tools/editor"), w.grpBorder(c));
+    main.show();
+    QApplication::setActiveWindow(&main);
+    QCoreApplication::processEvents();
+    // A letter on the window opens the panel with the focus in its search field.
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_E, Qt::NoModifier, QStringLiteral("e"));
+    QApplication::sendEvent(&main, &press);
+    ASSERT_TRUE(w.JumpToOpen);
+    auto* box = main.findChild<QComboBox*>(QStringLiteral("cboSearch"));
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(Control(QApplication::focusWidget()), box);
+    EXPECT_EQ(box->lineEdit()->text(), QStringLiteral("e"));
+    // Esc clears the field, a second Esc closes the panel.
+    Key(QApplication::focusWidget(), Qt::Key_Escape);
+    EXPECT_TRUE(box->lineEdit()->text().isEmpty());
+    EXPECT_TRUE(w.JumpToOpen);
+    Key(QApplication::focusWidget(), Qt::Key_Escape);
+    EXPECT_FALSE(w.JumpToOpen);
+    w.menuSink = nullptr;
 }
 
 int main(int argc, char** argv) {
