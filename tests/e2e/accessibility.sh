@@ -3,8 +3,8 @@
 # AT-SPI bus, over a prepared workspace (a container with two shortcuts and a note, and a feed container
 # whose headlines come from the loopback feed server). A small AT-SPI client (accessible_tree.py) reads
 # the program's accessible tree and must find a shortcut's label as a link described by its target, the
-# container's title as a heading, the note as a text, a headline's text as a link and the toolbar's
-# picture buttons named by their tips.
+# container's title as a heading, the note as a text, a headline's text as a link and a picture button
+# named by its tip.
 source "$(dirname "$0")/lib.sh" "$@"
 source "$(dirname "$0")/container_files.sh"
 
@@ -80,6 +80,7 @@ log "the workspace is shown"
   --expect link 'Page 0.1' 'https://example.org/0/1' \
   --expect heading Tools \
   --expect heading News \
+  --expect 'push button' 'Turn ON Folder Link' \
   --expect text Note \
   --expect link 'RSS story 1' \
   --expect link 'RSS story 2' \

@@ -27,6 +27,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
 
@@ -237,6 +238,24 @@ TEST_F(AccessibilityTest, ADialogsFieldsAreNamedByTheLabelsBeforeThem) {
     EXPECT_TRUE(name("txtSize").startsWith(QStringLiteral("Font Size"))) << name("txtSize").toStdString();
     EXPECT_EQ(name("PicLinkColor"), QStringLiteral("Color"));
     EXPECT_EQ(Of(dialog.findChild<QWidget*>(QStringLiteral("txtLabel")))->role(), QAccessible::EditableText);
+}
+
+TEST_F(AccessibilityTest, MenuEntriesAreMenuItemsWithTheirCaptionsAndKeys) {
+    QMenu* menu = menus.menu(QStringLiteral("mnuMain"));
+    ASSERT_NE(menu, nullptr);
+    QAccessibleInterface* a = Of(menu);
+    ASSERT_NE(a, nullptr);
+    EXPECT_EQ(a->role(), QAccessible::PopupMenu);
+    bool found = false;
+    for (int i = 0; i < a->childCount(); ++i) {
+        QAccessibleInterface* item = a->child(i);
+        if (!item || item->role() != QAccessible::MenuItem) continue;
+        if (item->text(QAccessible::Name) == QStringLiteral("Container")) {
+            found = true;
+            EXPECT_EQ(item->text(QAccessible::Accelerator), QStringLiteral("Ctrl+C"));
+        }
+    }
+    EXPECT_TRUE(found);
 }
 
 TEST_F(AccessibilityTest, TheFloatingToolbarsIconsAreButtonsWithTheirKeys) {
