@@ -440,7 +440,9 @@ TEST(Assets, EveryPictureHasATwinOfTwiceThePixels) {
         const QImage plain = Load(rel).convertToFormat(QImage::Format_ARGB32);
         const QImage two = Load(twin).convertToFormat(QImage::Format_ARGB32);
         ASSERT_EQ(two.size(), plain.size() * 2);
-        if (!rel.endsWith(QLatin1String(".jpg"))) EXPECT_TRUE(two.hasAlphaChannel());
+        if (!rel.endsWith(QLatin1String(".jpg"))) {
+            EXPECT_TRUE(two.hasAlphaChannel());
+        }
         // Alike at the plain size: the mean difference of each channel, over the pixels at least half
         // opaque in both (the empty icon is faint all over).
         const QImage down = two.scaled(plain.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
