@@ -71,11 +71,11 @@ STARTED_PIDS+=("$!")
 export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1 QT_ACCESSIBILITY=1 NO_AT_BRIDGE=0
 
 start_program
-wait_main_window "$PROGRAM_PID" 30
+wait_main_window "$PROGRAM_PID" 60
 log "the workspace is shown"
 
 # The walk repeats until all are found: a slow build (sanitizers) takes longer to load the feed.
-"$PY" "$HERE/accessible_tree.py" Perchdock --timeout 40 --dump "$E2E_TMP/tree.txt" \
+"$PY" "$HERE/accessible_tree.py" Perchdock --timeout 60 --dump "$E2E_TMP/tree.txt" \
   --expect link 'Page 0.0' 'https://example.org/0/0' \
   --expect link 'Page 0.1' 'https://example.org/0/1' \
   --expect heading Tools \
@@ -96,4 +96,4 @@ fi
 grep -q $'^text\tNote\t.*Buy milk' "$E2E_TMP/tree.txt" || fail "the note's text is not readable: $(grep -P '^text\tNote' "$E2E_TMP/tree.txt")"
 log "a screen reader finds the shortcuts, the titles, the note and the headlines"
 
-stop_program "$PROGRAM_PID" 15
+stop_program "$PROGRAM_PID" 30
