@@ -10,6 +10,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 namespace pd {
 
@@ -53,6 +54,16 @@ void WriteWorkspace(Workspace& ws, TextWriter& out, SaveState& st) {
     }
 }
 
+// The records of objects ([Link], [Picture], [Reminder]) in a workspace file's bytes.
+qsizetype ObjectRecordCount(const QByteArray& bytes) {
+    return bytes.count("\r\n[Link]\r\n") + bytes.count("\r\n[Picture]\r\n") + bytes.count("\r\n[Reminder]\r\n");
+}
+
+QByteArray FileBytes(const QString& path) {
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
 } // namespace
 
 QByteArray WorkspaceFileBytes(Workspace& ws, bool ForExit) {
@@ -92,15 +103,28 @@ void SaveDesktop(Workspace& ws, bool ToRecovery, bool ForExit) {
 
     TextWriter out;
     WriteWorkspace(ws, out, st);
+    const QByteArray bytes = out.bytes();
+    // A shortcut or picture moved between the background and a container lives in two files, and a
+    // crash can come between their writes: the file that gains it is written first, and the other one
+    // only when that worked, so that the object is then in both files or still in the old one, never in
+    // neither. The workspace file gains or loses objects against the newest one on disk (the recovery
+    // file, else the clean one).
+    const QString rec = ws.dataFile(QString::fromLatin1(kRecoveryFile));
+    const QString newest = QFileInfo::exists(rec) ? rec : ws.dataFile(QString::fromLatin1(kWorkspaceFile));
+    const qsizetype before = ObjectRecordCount(FileBytes(newest));
+    const qsizetype after = ObjectRecordCount(bytes);
+    if (after < before && !WriteContainerFiles(ws)) return;
+
     // The clean file is in place before the recovery file goes, so that a crash between the two steps
     // leaves a file that loads.
-    const bool written = out.commit(name);
-    if (!ToRecovery && written) QFile::remove(ws.dataFile(QString::fromLatin1(kRecoveryFile)));
+    const bool written = WriteFileAtomically(name, bytes);
+    if (!ToRecovery && written) QFile::remove(rec);
 
     const QString favicon = ws.dataFile(QStringLiteral("favicon.ico"));
     if (QFile::exists(favicon)) QFile::remove(favicon);
 
-    WriteContainerFiles(ws);
+    if (after > before && !written) return;
+    if (after >= before) WriteContainerFiles(ws);
 }
 
 QString TrimAll(const QString& text) {

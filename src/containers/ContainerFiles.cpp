@@ -288,9 +288,9 @@ void ReadContainerFile(Workspace& ws, const QStringList& lines) {
 
 } // namespace
 
-void WriteContainerFiles(Workspace& ws) {
+bool WriteContainerFiles(Workspace& ws) {
     const QDir dir(ContainersDir(ws));
-    if (ws.DataPath.isEmpty()) return;
+    if (ws.DataPath.isEmpty()) return true;
     if (!dir.exists()) QDir().mkpath(dir.path());
     const int count = std::min(ws.Group.Count(), static_cast<int>(ws.Containers.size()));
     // A tag filter never loses containers: what it hides is shown again before anything is written.
@@ -321,7 +321,7 @@ void WriteContainerFiles(Workspace& ws) {
         // The record marks the file as unknown (no bytes match), so the next save writes it and all the
         // rest that differ, and a left-over file is still removed when it is no longer needed.
         ws.SavedContainerFiles[name] = QByteArray();
-        return;
+        return false;
     }
     // Files no longer needed go last, so that a crash before this point loses nothing. The folder is
     // looked at once, for files this program did not write; after that the record of its own files
@@ -338,6 +338,7 @@ void WriteContainerFiles(Workspace& ws) {
         QFile::remove(dir.filePath(old));
         ws.SavedContainerFiles.erase(old);
     }
+    return true;
 }
 
 void ReadContainerFiles(Workspace& ws) {

@@ -12,6 +12,7 @@
 #include "containers/ContainerFiles.h"
 #include "containers/Containers.h"
 #include "containers/Folding.h"
+#include "shortcuts/Shortcuts.h"
 #include "support/TestWorkspace.h"
 
 #include <QDir>
@@ -312,6 +313,55 @@ TEST_F(SaveFailures, TheNewFileKeepsTheOldOnesPermissions) {
     ASSERT_EQ(::stat(QFile::encodeName(path).constData(), &st), 0);
     EXPECT_EQ(st.st_mode & 07777, 0600u);
 }
+
+// A crash between the writes of one save, played by a disk that takes the first file written and no
+// more: a shortcut that moved between the background and a container must be in one file at least.
+TEST_F(SaveFailures, AShortcutMovedIntoAContainerIsNeverInNeitherFile) {
+    MakeThreeAndSave();
+    AddURL(ws(), QStringLiteral("https://example.org/moving"), QStringLiteral("Moving"), ws().picBack(0));
+    Save();
+    ASSERT_TRUE(t.readData(kRec).contains("example.org/moving"));
+    ws().Link(0).setContainer(&ws().grpBorder(1));
+    ws().Link(0).Move(300, 600);
+    for (const char* failing : {"/Containers/", "/Perchdock.REC."}) {
+        {
+            FullDisk disk(0, failing);
+            Save();
+        }
+        const bool inRec = t.readData(kRec).contains("example.org/moving");
+        const bool inContainer = t.readData(Con(1)).contains("example.org/moving");
+        EXPECT_TRUE(inRec || inContainer) << failing;
+    }
+    // With room the next save leaves it in the container only.
+    Save();
+    EXPECT_FALSE(t.readData(kRec).contains("example.org/moving"));
+    EXPECT_TRUE(t.readData(Con(1)).contains("example.org/moving"));
+}
+
+class ShortcutMovedOut : public SaveFailures, public ::testing::WithParamInterface<const char*> {};
+
+TEST_P(ShortcutMovedOut, IsNeverInNeitherFile) {
+    MakeThreeAndSave();
+    AddURL(ws(), QStringLiteral("https://example.org/moving"), QStringLiteral("Moving"), ws().grpBorder(1));
+    Save();
+    ASSERT_TRUE(t.readData(Con(1)).contains("example.org/moving"));
+    ws().Link(0).setContainer(&ws().picBack(0));
+    ws().Link(0).Move(9000, 6000);
+    {
+        // The disk takes nothing of one kind of file: the other is written alone, as when a crash
+        // comes between the two writes, whichever comes first.
+        FullDisk disk(0, GetParam());
+        Save();
+    }
+    const bool inRec = t.readData(kRec).contains("example.org/moving");
+    const bool inContainer = t.readData(Con(1)).contains("example.org/moving");
+    EXPECT_TRUE(inRec || inContainer);
+    Save();
+    EXPECT_TRUE(t.readData(kRec).contains("example.org/moving"));
+    EXPECT_FALSE(t.readData(Con(1)).contains("example.org/moving"));
+}
+
+INSTANTIATE_TEST_SUITE_P(EitherFileFails, ShortcutMovedOut, ::testing::Values("/Containers/", "/Perchdock.REC."));
 
 TEST(SaveFailuresAtStart, TemporaryFilesOfACrashedSaveAreRemovedAndOthersKept) {
     TestWorkspace t;
