@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # A disk that fills during a save. The data folder lies on a small file system of its own: a real
-# tmpfs of 512 KiB when one can be mounted (in a private mount namespace when `unshare -m` works), or
+# tmpfs of 16 MiB when one can be mounted (in a private mount namespace when `unshare -m` works), or
 # else, where mounting is not allowed, our LD_PRELOAD library (enospc_shim.cpp) makes the program's
 # writes below the data folder run out of room after a budget of bytes. The output names the method.
 #
@@ -44,13 +44,13 @@ full_disk_cleanup() {
 trap full_disk_cleanup EXIT
 
 # --- The small file system, or the library.
-if [ "${FULLDISK_METHOD:-}" != shim ] && mount -t tmpfs -o size=512k,mode=0755 perchdock-full "$XDG_DATA_HOME" 2>/dev/null; then
+if [ "${FULLDISK_METHOD:-}" != shim ] && mount -t tmpfs -o size=16m,mode=0755 perchdock-full "$XDG_DATA_HOME" 2>/dev/null; then
   MOUNTED=1
   METHOD=tmpfs
   if [ -n "${PERCHDOCK_FULLDISK_NS:-}" ]; then
-    log "method: a tmpfs of 512 KiB mounted on the data folder in a private mount namespace"
+    log "method: a tmpfs of 16 MiB mounted on the data folder in a private mount namespace"
   else
-    log "method: a tmpfs of 512 KiB mounted on the data folder"
+    log "method: a tmpfs of 16 MiB mounted on the data folder"
   fi
 else
   [ -n "$SHIM" ] && [ -f "$SHIM" ] || fail "no tmpfs could be mounted and there is no shim library at '$SHIM'"
