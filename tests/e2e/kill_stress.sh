@@ -17,9 +17,10 @@
 # fails at the end when there was one. The last line gives the counts of edits, kills and losses.
 #
 # KILL_STRESS_FULL=1 makes the long run (300 edits, a kill every 7 edits on average, 30 kills at the
-# least: the last edits are killed when too few were); KILL_EDITS, KILL_EVERY and KILL_MIN set them. The short run (the default: 30 edits, a kill every
-# 3) stops after 30 s once it has killed 4 times, so that a slow build (sanitizers) keeps within its
-# time. KILL_SEED repeats the random choices of an earlier run (its log names the seed).
+# least: the last edits are killed when too few were); KILL_EDITS, KILL_EVERY and KILL_MIN set them.
+# The short run (the default: 30 edits, a kill every 2 on average) stops after 20 s once it has killed
+# 3 times, so that a slow build (sanitizers) keeps within its time. KILL_SEED repeats the random
+# choices of an earlier run (its log names the seed).
 #
 # Arguments: <perchdock> <Reloader> [<shell_helper>]
 source "$(dirname "$0")/lib.sh" "$@"
@@ -33,7 +34,7 @@ HELPER=${3:-}
 if [ -n "${KILL_STRESS_FULL:-}" ]; then
   EDITS=${KILL_EDITS:-300} EVERY=${KILL_EVERY:-7} BUDGET=0 MIN_KILLS=${KILL_MIN:-30}
 else
-  EDITS=${KILL_EDITS:-30} EVERY=${KILL_EVERY:-3} BUDGET=30 MIN_KILLS=4
+  EDITS=${KILL_EDITS:-30} EVERY=${KILL_EVERY:-2} BUDGET=20 MIN_KILLS=3
 fi
 SEED=${KILL_SEED:-$$}
 # The loop's own choices (which edit is killed, when) come from a generator of their own, so that the
