@@ -147,11 +147,14 @@ ReminderDialog::ReminderDialog(ReminderForm& form, const QString& programDirecto
     }
     form_.onChanged = [this] { sync(); };
     sync();
-    // The keyboard starts at the first field, the month, and goes in reading order: the date, the time
-    // and its two buttons, the note (where Tab moves on rather than typing a tab), the colours, Done and
-    // Clear.
+    // The keyboard starts at the first field, the month, and goes in reading order: the date, the time,
+    // the note (where Tab moves on rather than typing a tab), the colours, Done and Clear. The two
+    // ten-minute buttons are for the mouse: a typed time needs no steps, so Tab goes from AM/PM
+    // straight to the note.
     text_->setTabChangesFocus(true);
-    QWidget* const order[] = {ampm_, minus, plus, text_, colors_[0]};
+    minus->setFocusPolicy(Qt::ClickFocus);
+    plus->setFocusPolicy(Qt::ClickFocus);
+    QWidget* const order[] = {ampm_, text_, colors_[0]};
     for (size_t i = 1; i < std::size(order); ++i) QWidget::setTabOrder(order[i - 1], order[i]);
     for (int n = 1; n < kReminderColors; ++n) QWidget::setTabOrder(colors_[n - 1], colors_[n]);
     QWidget::setTabOrder(colors_[kReminderColors - 1], ok);
