@@ -297,6 +297,11 @@ bool WriteContainerFiles(Workspace& ws) {
     for (int i = 0; i < count; ++i)
         if (ws.Group.exists(i) && ws.Containers[i].TagHidden) ws.Group(i).Visible = true;
     const std::vector<Contents> contents = ContentsByContainer(ws, count);
+    struct Planned {
+        QString name;
+        QByteArray bytes;
+    };
+    std::vector<Planned> plan;
     QSet<QString> written;
     int counter = 0;
     for (int i = 0; i < count; ++i) {
@@ -304,8 +309,27 @@ bool WriteContainerFiles(Workspace& ws) {
         if (!IsContainerLive(ws, i)) continue;
         const QString name = QString::number(counter++) + QStringLiteral(".con");
         written.insert(name);
+        plan.push_back({name, ContainerFileBytes(ws, i, contents[static_cast<size_t>(i)])});
+    }
+    // With the numbering as it was (every file known, none new and none left over: no container came
+    // or went since the last save), a shortcut or picture moved from one container to another lives in
+    // two files, and a crash can come between their writes. Files that gain objects are then written
+    // before the others, so that a moved object is in both files or still in the old one, never in
+    // neither. When containers are renumbered the files keep their order (see below).
+    bool sameNumbering = plan.size() == ws.SavedContainerFiles.size();
+    for (const Planned& f : plan) sameNumbering = sameNumbering && ws.SavedContainerFiles.count(f.name) > 0;
+    if (sameNumbering) {
+        auto objects = [](const QByteArray& b) {
+            return b.count("\r\n[Link]\r\n") + b.count("\r\n[Picture]\r\n") + b.count("\r\n[Reminder]\r\n");
+        };
+        std::stable_partition(plan.begin(), plan.end(), [&](const Planned& f) {
+            return objects(f.bytes) > objects(ws.SavedContainerFiles[f.name]);
+        });
+    }
+    for (const Planned& f : plan) {
+        const QString& name = f.name;
         const QString path = dir.filePath(name);
-        const QByteArray bytes = ContainerFileBytes(ws, i, contents[static_cast<size_t>(i)]);
+        const QByteArray& bytes = f.bytes;
         // A file is replaced only when its bytes change, and then atomically. What the files hold is
         // known from the last read or write, so an unchanged container costs no disk access at all.
         auto known = ws.SavedContainerFiles.find(name);
