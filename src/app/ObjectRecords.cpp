@@ -11,6 +11,10 @@
 
 namespace pd {
 
+qsizetype ObjectRecordCount(const QByteArray& bytes) {
+    return bytes.count("\r\n[Link]\r\n") + bytes.count("\r\n[Picture]\r\n") + bytes.count("\r\n[Reminder]\r\n");
+}
+
 namespace {
 const QString kTemp = QStringLiteral("TEMP");
 

@@ -2,6 +2,7 @@
 // The `[Picture]`, `[Reminder]` and `[Link]` records, shared by the workspace file and the container
 // files. Records are read by position: each line after the marker is taken without looking at it.
 
+#include <QByteArray>
 #include <QString>
 
 namespace pd {
@@ -24,5 +25,9 @@ void ReadLinkRecord(Workspace& ws, LineReader& in, const QString& version, Eleme
 // Whether an element's container is `picBack`, or the grpBorder of container i.
 bool OnBackground(const Element& e);
 bool InContainer(const Element& e, int i);
+
+// The number of shortcut, picture and reminder records in a file's bytes: whether a save makes a file
+// gain or lose objects.
+qsizetype ObjectRecordCount(const QByteArray& bytes);
 
 } // namespace pd

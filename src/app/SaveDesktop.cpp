@@ -55,10 +55,6 @@ void WriteWorkspace(Workspace& ws, TextWriter& out, SaveState& st) {
 }
 
 // The records of objects ([Link], [Picture], [Reminder]) in a workspace file's bytes.
-qsizetype ObjectRecordCount(const QByteArray& bytes) {
-    return bytes.count("\r\n[Link]\r\n") + bytes.count("\r\n[Picture]\r\n") + bytes.count("\r\n[Reminder]\r\n");
-}
-
 QByteArray FileBytes(const QString& path) {
     QFile f(path);
     return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();

@@ -319,11 +319,8 @@ bool WriteContainerFiles(Workspace& ws) {
     bool sameNumbering = plan.size() == ws.SavedContainerFiles.size();
     for (const Planned& f : plan) sameNumbering = sameNumbering && ws.SavedContainerFiles.count(f.name) > 0;
     if (sameNumbering) {
-        auto objects = [](const QByteArray& b) {
-            return b.count("\r\n[Link]\r\n") + b.count("\r\n[Picture]\r\n") + b.count("\r\n[Reminder]\r\n");
-        };
         std::stable_partition(plan.begin(), plan.end(), [&](const Planned& f) {
-            return objects(f.bytes) > objects(ws.SavedContainerFiles[f.name]);
+            return ObjectRecordCount(f.bytes) > ObjectRecordCount(ws.SavedContainerFiles[f.name]);
         });
     }
     for (const Planned& f : plan) {
